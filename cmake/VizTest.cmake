@@ -17,5 +17,5 @@ function(viz_test name label)
     set_target_properties(${name} PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/tests)
     add_test(NAME ${name} COMMAND ${name} --gtest_output=json:${CMAKE_BINARY_DIR}/tests/${name}.json)
     set_tests_properties(${name} PROPERTIES LABELS ${label} TIMEOUT 600
-        ENVIRONMENT "LP_NUM_THREADS=1;VIZ_SHARED_DATA=${CMAKE_SOURCE_DIR}/../shared/data")
+        ENVIRONMENT "LP_NUM_THREADS=1;LSAN_OPTIONS=suppressions=${CMAKE_SOURCE_DIR}/tests/support/lsan.supp:print_suppressions=0;VIZ_SHARED_DATA=${CMAKE_SOURCE_DIR}/../shared/data")
 endfunction()
