@@ -1,0 +1,66 @@
+#pragma once
+
+#include "hvapi/scene/C3DView.h"
+
+#include <QPointer>
+
+class C3DObject;
+class C3DSlice;
+class C3DToolBase;
+
+/// The 3D scene of a sequence: a view with the objects, the slices and the tools.
+class HVAPI_EXPORT C3DScene : public C3DView
+{
+    Q_OBJECT
+
+public:
+    enum slice_view
+    {
+        YZ_VIEW = 0,
+        XZ_VIEW = 1,
+        XY_VIEW = 2,
+        ALL_VIEWS = 3
+    };
+
+    C3DScene(C3DSGManager* manager, QWidget* parent = nullptr, Qt::WindowFlags flags = Qt::WindowFlags());
+    ~C3DScene() override;
+
+    /// The object takes part in rendering, in every scene of its graph. A second call changes nothing.
+    void addToScene(C3DObject* object);
+
+    /// Paints a frame before it returns when the scene is on screen; else the next time that it is shown.
+    void refresh();
+    /// Takes the boxes of the objects anew, and takes the whole scene into view when they have changed.
+    void updateScene();
+    /// Compiles the lists of the slices that are marked.
+    void createSliceDisplayLists();
+    /// The same for the slices on screen, and repaints the views that show them.
+    void refreshSliceViews();
+    /// Marks the slices of a view, or of all: their lists hold no longer what the object shows.
+    void setSliceDirty(C3DObject* object, C3DScene::slice_view view, bool bDirty);
+
+    QPointer<C3DSlice> getYZslice();
+    QPointer<C3DSlice> getXZslice();
+    QPointer<C3DSlice> getXYslice();
+    /// Null for `ALL_VIEWS`.
+    QPointer<C3DSlice> get3DSliceView(C3DScene::slice_view view);
+
+    /// Takes up or leaves the measuring tool.
+    void doMeasureVoxels(bool bMeasure);
+    /// Takes up or leaves a tool for the object of that name.
+    void showTransformTool(bool bShow, QString object);
+    void showCroppingTool(bool bShow, QString object);
+    /// Lets the tool, if it is in use, follow its object.
+    void updateTransformTool();
+    void updateCroppingTool();
+    /// The tool in use, or null.
+    C3DToolBase* getCurrentTool();
+
+protected:
+    void renderDecorations() override;
+
+private:
+    Q_DISABLE_COPY(C3DScene)
+    struct SceneData;
+    std::unique_ptr<SceneData> s;
+};

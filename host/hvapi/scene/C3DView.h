@@ -1,0 +1,78 @@
+#pragma once
+
+#include "hvapi/hvapi_global.h"
+#include "hvapi/values/Vec3f.h"
+#include "hvapi/values/sCropBoxOffset.h"
+
+#include <QOpenGLWidget>
+#include <memory>
+
+class C3DSGManager;
+
+/// A view into a scene graph through a camera.
+///
+/// The left button orbits, the middle button or shift and the left button pans, the wheel zooms and a double
+/// click takes the whole scene into view again. The view needs a context of the compatibility profile that
+/// shares objects with those of all other views. The depth function is GL_LEQUAL, so that a fragment at the
+/// far value draws on a cleared buffer.
+class HVAPI_EXPORT C3DView : public QOpenGLWidget
+{
+    Q_OBJECT
+
+public:
+    /// What the left button does. With `NoCameraTool` it orbits.
+    enum CameraTool
+    {
+        NoCameraTool = 0,
+        RotateTool = 1,
+        PanTool = 2,
+        ZoomTool = 3
+    };
+
+    /// A view of `manager`, which may outlive it. Makes the graph's root if it has none.
+    C3DView(C3DSGManager* manager, QWidget* parent = nullptr, Qt::WindowFlags flags = Qt::WindowFlags());
+    ~C3DView() override;
+
+    void setCurrentCameraTool(CameraTool tool);
+    CameraTool getCurrentCameraTool() const;
+
+    /// The crop box as it was last set; zero offsets are the full box.
+    sCropBoxOffset getCroppingBoxOffset();
+    /// Eight corner offsets, which go to every volume of the scene at once. Null is ignored.
+    void setCroppingBoxOffset(Vec3f* const offsets);
+    /// Eight corners in the volume's own space, in millimetres.
+    void setCroppingBBox(Vec3f* const corners);
+
+    /// From a value in Hounsfield units to the stored value, by the calibration of the system that took the
+    /// volume: the voxel value as a real number, the stored value, and the two calibration values.
+    void CTHUValueReverseToVoxelsConverter(int hounsfield, float* value, int* voxel, int* calibrationA,
+                                           int* calibrationB);
+
+    /// The host's own side of the view.
+    struct Private;
+    Private& hostSide();
+
+signals:
+    /// The camera has moved: by the mouse, by a preset, or to fit a new scene.
+    void cameraChanged();
+
+protected:
+    void initializeGL() override;
+    void resizeGL(int width, int height) override;
+    void paintGL() override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
+    void changeEvent(QEvent* event) override;
+
+    /// Draws what the view shows beside the objects of the scene, with the scene's camera set. The base draws
+    /// nothing.
+    virtual void renderDecorations();
+
+private:
+    Q_DISABLE_COPY(C3DView)
+    std::unique_ptr<Private> d;
+};
