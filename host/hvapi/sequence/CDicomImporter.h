@@ -1,0 +1,16 @@
+#pragma once
+
+#include "hvapi/hvapi_global.h"
+#include "hvdicom/CDicomReader.h"
+
+/// Reader of single DICOM images that are to become datasets of the host.
+class HVAPI_EXPORT CDicomImporter : public CDicomReader
+{
+public:
+    CDicomImporter();
+    virtual ~CDicomImporter();
+
+    /// After a successful initDicomImporter: with `bNativeOnly`, true only for the host's own image format;
+    /// without it, true for every DICOM file.
+    virtual bool isDicom(bool bNativeOnly);
+};

@@ -1,0 +1,10 @@
+#pragma once
+
+/// State of the tool buttons of a 3D view. A plug-in reads nothing of it; it may clear the measuring flag in
+/// a window's copy and hand that to CHVSChildWindow::apply3DControls.
+struct S3DControls
+{
+    bool m_bMeasuring = false;        ///< the tool that measures distances and voxels is on
+    bool m_bShowBoundingBox = false;  ///< frames around the objects are drawn
+    bool m_bShowAxes = true;          ///< the axes of orientation are drawn
+};

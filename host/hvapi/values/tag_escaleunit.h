@@ -1,0 +1,9 @@
+#pragma once
+
+/// Unit of the rulers around an image.
+enum tag_escaleunit : int
+{
+    SCALEUNIT_PIXELS = 0,
+    SCALEUNIT_MM = 1,
+    SCALEUNIT_CM = 2
+};
