@@ -1,0 +1,90 @@
+#pragma once
+
+#include "hvimage/CILImageBase.h"
+#include "hvimage/IL_RESAMPLEMODES.h"
+#include "hvimage/hvimage_global.h"
+
+#include <memory>
+
+class CILHistogram;
+
+// A picture with statistics, filters and files.
+class HVIMAGE_EXPORT CILImage : public CILImageBase
+{
+public:
+    CILImage();
+    CILImage(CILImage const& other);
+    CILImage& operator=(CILImage const& other);
+    ~CILImage() override;
+
+    // --- files ---
+
+    // Not 0 when the file is a picture that LoadFromTIFFFile can read. `path` in the file system's encoding.
+    static int canInitFromFile(char const* path);
+
+    // Reads the picture `frame` (from 0) of a file.
+    bool LoadFromTIFFFile(char const* path, int frame);
+
+    // Of the loaded file: number of pictures; samples of one of them (owned by the image, null when
+    // unreadable); resolutions as they stand in the file (0 when absent) and their unit (1 none, 2 inch, 3
+    // centimetre); size of the picture as stored, in pixels; whether it has more than one sample a pixel.
+    int getImageCount() const;
+    void const* getFrameData(int frame);
+    float getXResolution() const;
+    float getYResolution() const;
+    int getResolutionUnit() const;
+    long getOriginalWidth() const;
+    long getOriginalHeight() const;
+    bool isRGBImageFormat() const;
+
+    // Takes decoded pixels of a DICOM frame of `depth` bits: at most 8, 16 or 32 bits give one, two or four
+    // bytes each.
+    bool InitFromDICOMFile(char* pixels, unsigned height, unsigned width, unsigned depth);
+
+    bool saveAsTIFF(char const* path);
+
+    // --- samples ---
+
+    // Makes the image from width x height samples, which are copied. False as for InitWithType, and for null.
+    bool initWithData(HVSDataTypes type, long width, long height, void* data);
+
+    // Converts the samples to another type; values are rounded to the nearest value that the type can hold.
+    bool ChangeType(HVSDataTypes type);
+
+    // Swaps left and right; swaps top and bottom.
+    void Mirror();
+    void Flip();
+
+    // Brings the image to another size by the filter that `mode` names, in x and y each smaller or larger.
+    // Integer types are rounded to the nearest value. False as for InitWithType, for an empty image and for
+    // an unknown mode.
+    bool downSample(int width, int height, IL_RESAMPLEMODES mode);
+
+    // Writes an 8-bit mask of the same size: 255 where the sample is above `level`, else 0.
+    bool Threshold(float level, CILImage& mask);
+
+    // Each pixel becomes the largest, or smallest, of the width x height pixels around it.
+    bool Dilate(int width, int height);
+    bool Erode(int width, int height);
+
+    // --- statistics ---
+
+    // Measures the samples. No other operation does so: call it after samples were written.
+    void RefreshImageStats();
+
+    // Lowest and highest sample as RefreshImageStats() found them; samples that are no numbers do not count.
+    // Both are 0 before that, for an empty image, and where no sample is a number.
+    double getMin() const;
+    double getMax() const;
+
+    // The same, measured anew.
+    double Min();
+    double Max();
+
+    // Counts the samples into a histogram whose range and number of bins were set before.
+    bool Histogram(CILHistogram& histogram);
+
+private:
+    class ImagePrivate;
+    std::unique_ptr<ImagePrivate> m_image;
+};
