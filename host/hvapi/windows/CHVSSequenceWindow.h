@@ -50,7 +50,8 @@ public:
     void set3DToolsStates() override;
 
 signals:
-    /// The state of the 3D tools changed, by the user or by apply3DControls.
+    /// The user took up or left one of the host's own 3D tools: whoever shows another tool as active gives it
+    /// up. apply3DControls does not emit it.
     void update3DToolButtonsStates(S3DControls* controls);
 
 public:
