@@ -1,0 +1,153 @@
+#pragma once
+
+#include "plugin/SVolVizControls.h"
+#include "ui_CHVVolumeVizPalette.h"
+
+#include <QDialog>
+#include <QMap>
+#include <QPointer>
+#include <QStringList>
+
+#include "hvimage/HVS_COLORTABLE_TYPES.h"
+
+class C3DSGManager;
+class CGLVolume;
+class CHVSDataset;
+class CHVSPalettePixmapView;
+class CHVSResultsTabControl;
+class CHVSSequenceDataset;
+class CHVSSequenceWindow;
+class QButtonGroup;
+class QGridLayout;
+class QMenu;
+struct PaletteTarget;
+struct S3DControls;
+
+/// The panel that the host docks beside its windows. There is one for the whole application, and it shows the
+/// state of one sequence at a time: what the user set for a sequence lies in that sequence's record
+/// (SVolVizControls), and updatePaletteControls() is the one way from a record to the widgets.
+class CHVVolumeVizPalette : public QDialog, public Ui::CHVVolumeVizPalette
+{
+    Q_OBJECT
+
+public:
+    explicit CHVVolumeVizPalette(QWidget* parent = nullptr, const char* name = nullptr, bool modal = false,
+                                 Qt::WindowFlags flags = Qt::WindowFlags());
+    ~CHVVolumeVizPalette() override;
+
+    QSize sizeHint() const override;
+
+    virtual void initPalette();
+    virtual void cleanupPalette();
+
+    /// The status line of the host; an empty text clears it.
+    virtual void clearStatusMessage();
+    virtual void showStatusMessage(QString text);
+
+    /// Makes `sequence` the current one and fills the widgets from its record. Nothing for null and for the
+    /// sequence that is current already.
+    virtual void setCurrentSequence(CHVSSequenceDataset* sequence);
+    virtual void onDatasetChanged(CHVSDataset* dataset);
+    virtual void onSequenceChanged(CHVSSequenceDataset* sequence);
+    /// A sequence came: it starts from a fresh record, whatever was known under its id.
+    virtual void onSequenceAdded(CHVSSequenceDataset* sequence);
+    /// A sequence is about to go: its record and its temporary data go now.
+    virtual void onSequenceRemoved(CHVSSequenceDataset* sequence);
+    virtual void languageChange();
+
+    /// False when the graphics system can't draw volumes; the palette is a notice then.
+    bool is3DCVSupported() const { return m_b3DCVSupported; }
+    void setSequenceValidity(bool valid) { m_bSequenceValid = valid; }
+    /// Whether the palette can work on the sequence that it was last asked about.
+    bool getSequenceValidity() const { return m_bSequenceValid; }
+    /// Id of the current sequence; null when there is none.
+    QString getCurrentSeqID() const { return m_strSequenceID; }
+
+    /// Decides anew whether the palette can work on the current sequence.
+    void updatePaletteValidity();
+    /// The 3D view changed: takes over whether the volume is displayed.
+    void update3DViewChange();
+
+    /// The host's number for entry `index` of the colour combo boxes.
+    static HVS_COLORTABLE_TYPES getColorTableType(int index);
+
+public slots:
+    /// Loads a volume for the current sequence: from the remembered file list if a load from it is under way,
+    /// else from files that the user is asked for. True on success.
+    bool onClickLoadVolumeButton();
+    /// Loads a volume for the current sequence from the given files; `nMin` and `nMax` are the first and the
+    /// last frame, counted from 0, or -1 and -1 for all. True on success.
+    bool onLoadVolumeData(QStringList strFilePaths, int nMin, int nMax);
+
+    void onActiveUserChange();
+    void updateUserPreferences();
+    /// The sender, a sequence, changed under its id.
+    void onUpdateSequnce();
+    /// Marks the results of the current sequence as unsaved or as saved.
+    void setResultsModifiedForSequence(bool modified);
+    /// The host took up or left a tool of the 3D view.
+    void onSignalUpdate3DToolButtons(S3DControls* controls);
+    /// Lets the user change spacing and axis orientation of the loaded volume.
+    void onShowVolumeInfoDialog();
+
+signals:
+    void updateValidity(QWidget* palette, bool valid);
+    void addToWorkspace(QWidget* widget);
+    void dicomLoadingFailed();
+
+protected:
+    bool event(QEvent* event) override;
+    void changeEvent(QEvent* event) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
+
+private:
+    friend class VolumeLoad;
+
+    bool validateSequence(CHVSSequenceDataset* sequence);
+    /// Record, window, scene and node of the current sequence, as they are now.
+    PaletteTarget target();
+    SVolVizControls& currentRecord() { return m_mapVolVizControls[m_strSequenceID]; }
+    void clearResults();
+
+    void updatePaletteControls(SVolVizControls* record);
+    void updateVolumeState(const SVolVizControls& record);
+    void updateVolumeTab(const SVolVizControls& record);
+    void updateSliceTab(const SVolVizControls& record);
+    void updateResultsTab(const SVolVizControls& record);
+    void takeLightFromNode(CHVSSequenceDataset* sequence);
+
+    void fillColorTables();
+    void createResultsTab();
+    void createColorBars();
+    void connectControls();
+    void testCapability();
+    void showUnsupportedNotice();
+    /// Makes sure that the current sequence's scene has a volume node.
+    void addGLVolumeNodeTo3DSceneGraph();
+
+    QButtonGroup* m_pSliceColorButtonGroup = nullptr;
+    QPointer<CHVSSequenceDataset> m_pSequenceDataset;
+    QString m_strStatusMessage;
+    QString m_strSequenceID;
+    bool m_bSequenceValid = false;
+    bool m_bAutoSave = false;
+    int m_nResultsComboIndex = 0;
+    CHVSPalettePixmapView* m_pSlicePaletteView = nullptr;
+    CHVSPalettePixmapView* m_pVolumePaletteView = nullptr;
+    QMap<QString, SVolVizControls> m_mapVolVizControls;
+    CHVSResultsTabControl* m_pResultsTabControl = nullptr;
+    QStringList m_strFileList;
+    QString m_strCurrentFile;
+    bool m_bLoadFromFileList = false;
+    QMap<QString, QString> m_mapVolumeInfo;
+    bool m_bHistogramDirty = false;
+    bool m_bResultNameEdited = false;
+    QMenu* m_pResultsMenu = nullptr;
+    bool m_bDroppedFiles = false;
+    int m_nLowerLimit = -1;
+    int m_nUpperLimit = -1;
+    bool m_b3DCVSupported = true;
+    QGridLayout* m_pSliceViewLayout = nullptr;
+    int m_eManufacturer = 0;
+};

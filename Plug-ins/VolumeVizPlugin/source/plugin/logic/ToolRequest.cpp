@@ -1,0 +1,8 @@
+#include "plugin/logic/ToolRequest.h"
+
+ToolView viewOfToolRequest(int request)
+{
+    if (request == 0) return {true, PalettePage::Volume, -1};
+    if (request >= 1 && request <= 3) return {true, PalettePage::Slice, 3 - request};
+    return {};
+}
