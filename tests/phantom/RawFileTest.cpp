@@ -108,14 +108,14 @@ TEST_F(RawFile, aFolderOfThatNameStaysAndNothingIsLeftBeside)
 TEST_F(RawFile, aDiskThatFillsUpLeavesTheOlderFile)
 {
     std::ofstream(path("a.vox")) << "old";
-    EXPECT_EXIT(
-        {
-            std::signal(SIGXFSZ, SIG_IGN);
-            const rlimit atMost{1000, 1000};
-            setrlimit(RLIMIT_FSIZE, &atMost);
-            std::exit(writeRawFile(path("a.vox"), m_scan, 8, 5, 1).empty() ? 0 : 7);
-        },
-        testing::ExitedWithCode(7), "");
+    const auto writeWithLittleRoom = [this] {
+        std::signal(SIGXFSZ, SIG_IGN);
+        rlimit room{};
+        room.rlim_cur = room.rlim_max = 1000;
+        setrlimit(RLIMIT_FSIZE, &room);
+        std::exit(writeRawFile(path("a.vox"), m_scan, 8, 5, 1).empty() ? 0 : 7);
+    };
+    EXPECT_EXIT(writeWithLittleRoom(), testing::ExitedWithCode(7), "");
     EXPECT_EQ(contents(path("a.vox")), "old");
     EXPECT_THAT(files(), testing::ElementsAre("a.vox"));
 }
