@@ -13,8 +13,8 @@ class HVUTILS_EXPORT CHVSErrorHandler
 public:
     CHVSErrorHandler() = delete;
 
-    // Shows a modal error box with the host's text for the status, and logs the text as an error. `detail`,
-    // when not empty, follows the text in a paragraph of its own. A status without a text of its own gets a
-    // general one with its number; 0 shows nothing. GUI thread only.
+    // Shows a modal error box with the host's text for the status. `detail`, when not empty, follows the text
+    // in a paragraph of its own. A status without a text of its own gets a general one with its number; 0
+    // shows nothing. GUI thread only.
     static void errorMessage(QWidget* parent, tag_estatus status, QString detail);
 };

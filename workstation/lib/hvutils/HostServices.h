@@ -18,8 +18,8 @@ struct HostLogEntry
     QString source;
     int line = 0;
     QString context;
-    long severity = 1;  // 1 information, 2 warning, 3 error, 16 status line
-    bool showBox = false;
+    long severity = 1;     // 1 information, 2 warning, 3 error, 16 status line
+    bool showBox = false;  // the application should show it in a box as well; the default does not
 };
 
 // A question for the user, asked in a modal box.
@@ -94,7 +94,9 @@ public:
     // A process has begun, spoken, been aborted or ended. Default: nothing to show.
     virtual void processChanged(HostProcessState const& state);
 
-    // Keeps mouse and keyboard from the windows, or lets them through again. Default: nothing is kept.
+    // Keeps mouse and keyboard from the windows, or lets them through again. Default: an event filter on the
+    // application, which spares the active modal window and every widget below one with the dynamic property
+    // "alwaysInteractive".
     virtual void setInteractionDisabled(bool disabled);
 
     // Folders, absolute, without "/" at the end; not made here. Default: under $HALVANE_HOME if that is set,
@@ -125,6 +127,7 @@ public:
     // Long processes; see CHVProcess.
     void beginProcess(int totalSteps, tag_eLongProcessTypes types, bool abortable, QString const& abortText);
     void endProcess(tag_eLongProcessTypes types);
+    void endProcess(tag_eLongProcessTypes types, QString const& message, int delayMs);
     void setProcessMessage(QString const& message, int step, int totalSteps);
     void requestAbort();  // by the user; without effect when nothing abortable runs
     bool isProcessRunning(tag_eLongProcessTypes types) const;

@@ -1,0 +1,8 @@
+#include "hvutils/Sleep.h"
+
+#include <QThread>
+
+void Sleep(unsigned long milliseconds)
+{
+    QThread::msleep(milliseconds);
+}
