@@ -32,11 +32,12 @@ public:
     void refresh();
     /// Takes the boxes of the objects anew, and takes the whole scene into view when they have changed.
     void updateScene();
-    /// Compiles the lists of the slices that are marked.
+    /// Builds anew what is stored of the slices that are marked, and brings their planes back into the
+    /// scene's box.
     void createSliceDisplayLists();
-    /// The same for the slices on screen, and repaints the views that show them.
+    /// The same, and repaints when a slice is on screen.
     void refreshSliceViews();
-    /// Marks the slices of a view, or of all: their lists hold no longer what the object shows.
+    /// Marks a slice, or all of them: what is stored of them no longer agrees with the object.
     void setSliceDirty(C3DObject* object, C3DScene::slice_view view, bool bDirty);
 
     QPointer<C3DSlice> getYZslice();

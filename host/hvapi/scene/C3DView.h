@@ -11,10 +11,13 @@ class C3DSGManager;
 
 /// A view into a scene graph through a camera.
 ///
-/// The left button orbits, the middle button or shift and the left button pans, the wheel zooms and a double
-/// click takes the whole scene into view again. The view needs a context of the compatibility profile that
-/// shares objects with those of all other views. The depth function is GL_LEQUAL, so that a fragment at the
-/// far value draws on a cleared buffer.
+/// The projection is parallel: lengths compare anywhere in the picture. The left button orbits, the middle
+/// button, or shift and the left button, pans, the wheel zooms about the mouse, and a double click takes the
+/// whole scene into view. While the mouse moves the camera the host is in its fast rendering mode
+/// (`CHVProcess::isFast3DRenderingMode`); a frame of full detail follows.
+///
+/// The view needs a context of the compatibility profile that shares objects with those of all other views.
+/// Its depth function is GL_LEQUAL, so that a fragment at the far value still draws on a cleared buffer.
 class HVAPI_EXPORT C3DView : public QOpenGLWidget
 {
     Q_OBJECT
@@ -58,7 +61,6 @@ signals:
 
 protected:
     void initializeGL() override;
-    void resizeGL(int width, int height) override;
     void paintGL() override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
@@ -66,7 +68,6 @@ protected:
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
     void hideEvent(QHideEvent* event) override;
-    void changeEvent(QEvent* event) override;
 
     /// Draws what the view shows beside the objects of the scene, with the scene's camera set. The base draws
     /// nothing.

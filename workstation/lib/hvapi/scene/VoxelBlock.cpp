@@ -27,7 +27,8 @@ std::size_t VoxelBlock::largest()
     // The system grants more than it has and ends the program on first use: such a request is refused here.
     const long pages = sysconf(_SC_PHYS_PAGES);
     const long pageSize = sysconf(_SC_PAGESIZE);
-    if (pages > 0 && pageSize > 0) return static_cast<std::size_t>(pages) * static_cast<std::size_t>(pageSize);
+    if (pages > 0 && pageSize > 0)
+        return static_cast<std::size_t>(pages) * static_cast<std::size_t>(pageSize);
 #endif
     return std::numeric_limits<std::size_t>::max() / 2;
 }

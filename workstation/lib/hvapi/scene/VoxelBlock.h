@@ -5,8 +5,8 @@
 
 namespace hvscene {
 
-/// A block of bytes that starts on a 2 MiB boundary and asks the system for huge pages, which saves most of the page
-/// faults of a big volume. Move-only; may be empty.
+/// A block of bytes that starts on a 2 MiB boundary and asks the system for huge pages, which saves most of
+/// the page faults of a big volume. Move-only; may be empty.
 class VoxelBlock
 {
 public:

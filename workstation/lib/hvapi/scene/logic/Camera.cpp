@@ -8,7 +8,7 @@ namespace {
 
 constexpr double marginAroundScene = 1.12;
 constexpr double emptySceneHalfEdge = 50.0;
-constexpr double nearestView = 0.005; // half height over radius
+constexpr double nearestView = 0.005;  // half height over radius
 constexpr double farthestView = 20.0;
 constexpr double pi = 3.14159265358979323846;
 
@@ -89,7 +89,8 @@ void Camera::fit()
         halfWidth = std::max(halfWidth, std::fabs(dot(p, m_right)));
         halfHeight = std::max(halfHeight, std::fabs(dot(p, m_up)));
     }
-    m_halfHeight = std::max(std::max(halfHeight, halfWidth / m_aspect) * marginAroundScene, nearestView * m_radius);
+    m_halfHeight =
+        std::max(std::max(halfHeight, halfWidth / m_aspect) * marginAroundScene, nearestView * m_radius);
     m_panX = m_panY = 0.0;
     m_fitted = true;
 }
@@ -156,7 +157,8 @@ Camera::Frustum Camera::frustum() const
 std::array<double, 2> Camera::toWindow(Vec3 p) const
 {
     const Vec3 q = p - m_pivot;
-    return {(dot(q, m_right) + m_panX) / (2.0 * m_halfHeight), (dot(q, m_up) + m_panY) / (2.0 * m_halfHeight)};
+    return {(dot(q, m_right) + m_panX) / (2.0 * m_halfHeight),
+            (dot(q, m_up) + m_panY) / (2.0 * m_halfHeight)};
 }
 
 }  // namespace hvscene

@@ -11,17 +11,17 @@ using Matrix16 = std::array<double, 16>;
 
 enum class ViewPreset
 {
-    Front, ///< looks along z: x to the right, y up
-    Side,  ///< looks along x: z to the left, y up
-    Top,   ///< looks along y, from above: x to the right, z down
-    Iso    ///< from the right, above and in front; y up
+    Front,  ///< looks along z: x to the right, y up
+    Side,   ///< looks along x: z to the left, y up
+    Top,    ///< looks along y, from above: x to the right, z down
+    Iso     ///< from the right, above and in front; y up
 };
 
-/// An orthographic camera that orbits the middle of the scene. The projection is parallel so that lengths can be
-/// compared anywhere in the picture.
+/// An orthographic camera that orbits the middle of the scene. The projection is parallel so that lengths can
+/// be compared anywhere in the picture.
 ///
-/// Eye space: x to the right, y up, z towards the viewer, in millimetres. The camera stands off the middle of the
-/// scene by twice the radius of the sphere around it, so everything lies in front of the eye whatever the
+/// Eye space: x to the right, y up, z towards the viewer, in millimetres. The camera stands off the middle of
+/// the scene by twice the radius of the sphere around it, so everything lies in front of the eye whatever the
 /// direction.
 class Camera
 {
@@ -30,8 +30,8 @@ public:
 
     /// Width and height of the window, in any one unit; not above 0 is ignored.
     void setWindow(double width, double height);
-    /// The scene to look at; an empty box stands for one of 100 mm around the origin. The picture is fitted anew
-    /// when the user has neither zoomed nor panned, or when `fitAnew` is set.
+    /// The scene to look at; an empty box stands for one of 100 mm around the origin. The picture is fitted
+    /// anew when the user has neither zoomed nor panned, or when `fitAnew` is set.
     void setScene(const Box& box, bool fitAnew);
 
     void setPreset(ViewPreset preset);
@@ -40,13 +40,13 @@ public:
     /// The front view, fitted.
     void reset();
 
-    /// Turns the scene, in radians, as if it were held at its front: by `aboutUp` about the vertical of the window
-    /// (the front goes right), then by `aboutRight` about its horizontal (the front goes down).
+    /// Turns the scene, in radians, as if it were held at its front: by `aboutUp` about the vertical of the
+    /// window (the front goes right), then by `aboutRight` about its horizontal (the front goes down).
     void orbit(double aboutUp, double aboutRight);
     /// Shifts the scene by a share of the window's height: positive is right and up.
     void pan(double right, double up);
-    /// Magnifies by `factor`. The point of the scene at (right, up), as shares of the window's height from its
-    /// middle, stays where it is. Bounded, so that the scene can't be lost.
+    /// Magnifies by `factor`. The point of the scene at (right, up), as shares of the window's height from
+    /// its middle, stays where it is. Bounded, so that the scene can't be lost.
     void zoom(double factor, double right, double up);
 
     Matrix16 viewMatrix() const;
@@ -77,9 +77,9 @@ private:
     double m_radius = 1.0;
     double m_aspect = 1.0;
     double m_halfHeight = 1.0;
-    double m_panX = 0.0; // millimetres in eye space
+    double m_panX = 0.0;  // millimetres in eye space
     double m_panY = 0.0;
-    bool m_fitted = true; // neither zoomed nor panned since the last fit
+    bool m_fitted = true;  // neither zoomed nor panned since the last fit
 };
 
 }  // namespace hvscene

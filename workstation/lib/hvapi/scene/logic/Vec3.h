@@ -74,8 +74,8 @@ struct Box
     }
     bool operator==(const Box& o) const
     {
-        return empty == o.empty && min.x == o.min.x && min.y == o.min.y && min.z == o.min.z && max.x == o.max.x &&
-               max.y == o.max.y && max.z == o.max.z;
+        return empty == o.empty && min.x == o.min.x && min.y == o.min.y && min.z == o.min.z &&
+               max.x == o.max.x && max.y == o.max.y && max.z == o.max.z;
     }
     bool operator!=(const Box& o) const { return !(*this == o); }
 };

@@ -6,7 +6,8 @@ namespace hvscene {
 
 std::size_t VolumeSize::voxels() const
 {
-    return static_cast<std::size_t>(width) * static_cast<std::size_t>(height) * static_cast<std::size_t>(depth);
+    return static_cast<std::size_t>(width) * static_cast<std::size_t>(height) *
+           static_cast<std::size_t>(depth);
 }
 
 Vec3 VolumeSize::thickness() const
@@ -26,9 +27,11 @@ std::optional<VolumeSize> volumeSize(unsigned int a, unsigned int b, unsigned in
                                      std::size_t maxVoxels)
 {
     constexpr unsigned int maxCount = std::numeric_limits<int>::max();
-    if (!extent || a == 0 || b == 0 || c == 0 || a > maxCount || b > maxCount || c > maxCount) return std::nullopt;
+    if (!extent || a == 0 || b == 0 || c == 0 || a > maxCount || b > maxCount || c > maxCount)
+        return std::nullopt;
     if (a > maxVoxels / b || static_cast<std::size_t>(a) * b > maxVoxels / c) return std::nullopt;
-    VolumeSize size{static_cast<int>(a), static_cast<int>(b), static_cast<int>(c), {extent[0], extent[2], extent[1]}};
+    VolumeSize size{
+        static_cast<int>(a), static_cast<int>(b), static_cast<int>(c), {extent[0], extent[2], extent[1]}};
     if (!isLength(size.lengths)) return std::nullopt;
     return size;
 }

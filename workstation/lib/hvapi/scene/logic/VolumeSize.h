@@ -21,9 +21,9 @@ struct VolumeSize
     Box box() const;
 };
 
-/// Counts a, b, c lie along x, y, z; extent[0] belongs to a, extent[2] to b and extent[1] to c. Nothing for a count
-/// that is 0 or above the signed 32-bit range, a product above `maxVoxels`, and a length that is not finite or not
-/// above 0.
+/// Counts a, b, c lie along x, y, z; extent[0] belongs to a, extent[2] to b and extent[1] to c. Nothing for a
+/// count that is 0 or above the signed 32-bit range, a product above `maxVoxels`, and a length that is not
+/// finite or not above 0.
 std::optional<VolumeSize> volumeSize(unsigned int a, unsigned int b, unsigned int c, const float* extent,
                                      std::size_t maxVoxels);
 

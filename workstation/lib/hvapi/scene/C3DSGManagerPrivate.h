@@ -1,0 +1,46 @@
+#pragma once
+
+#include "hvapi/scene/C3DObject.h"
+#include "hvapi/scene/C3DSGManager.h"
+#include "hvapi/values/sCropBoxOffset.h"
+#include "lib/hvapi/scene/logic/Vec3.h"
+
+#include <QPointer>
+#include <vector>
+
+class C3DView;
+
+/// What the views of a graph share.
+struct C3DSGManager::Private
+{
+    explicit Private(C3DSGManager* manager)
+        : q(manager)
+    {}
+
+    void makeRoot();
+    /// The object is drawn by every view of the graph.
+    void addRenderable(C3DObject* object);
+    /// Those that live, in the order in which they were added.
+    std::vector<C3DObject*> renderables() const;
+    /// Around the transformed boxes of all valid renderables, shown or hidden; millimetres of the scene.
+    hvscene::Box sceneBox() const;
+    void requestRepaint() const;
+
+    C3DSGManager* q;
+    QPointer<C3DSGNode> root;
+    QString transformObject;
+    sCropBoxOffset cropOffsets;
+    std::vector<C3DView*> views;
+
+private:
+    std::vector<QPointer<C3DObject>> m_renderables;
+};
+
+namespace hvscene {
+
+/// The graph that holds the node, or null.
+C3DSGManager* graphOf(const C3DSGNode* node);
+/// Repaints the views of the graph that holds the node, if there are any.
+void repaintViewsOf(const C3DSGNode* node);
+
+}  // namespace hvscene

@@ -1,0 +1,125 @@
+#include "hvapi/scene/C3DScene.h"
+
+#include "hvapi/scene/C3DObject.h"
+#include "hvapi/scene/C3DToolBase.h"
+#include "lib/hvapi/scene/C3DSGManagerPrivate.h"
+#include "lib/hvapi/scene/C3DSlicePrivate.h"
+#include "lib/hvapi/scene/C3DViewPrivate.h"
+
+#include <QCoreApplication>
+#include <QEvent>
+#include <array>
+
+struct C3DScene::SceneData
+{
+    std::array<std::unique_ptr<C3DSlice>, 3> slices;
+    C3DToolBase* tool = nullptr;  // not owned: tools live in their own place and leave here when they end
+};
+
+C3DToolBase::~C3DToolBase() = default;
+
+C3DScene::C3DScene(C3DSGManager* manager, QWidget* parent, Qt::WindowFlags flags)
+    : C3DView(manager, parent, flags)
+    , s(std::make_unique<SceneData>())
+{
+    for (int axis = 0; axis < 3; ++axis) {
+        auto& slice = s->slices[static_cast<std::size_t>(axis)];
+        slice.reset(new C3DSlice(axis));
+        connect(slice.get(), &C3DSlice::sliceChanged, this, qOverload<>(&QWidget::update));
+    }
+}
+
+C3DScene::~C3DScene() = default;
+
+void C3DScene::addToScene(C3DObject* object)
+{
+    if (C3DSGManager* manager = hostSide().manager) manager->hostSide().addRenderable(object);
+}
+
+void C3DScene::refresh()
+{
+    update();
+    // repaint() is put off by the toolkit when a frame was shown a moment ago; the request itself is not.
+    if (isVisible() && !hostSide().painting)
+        QCoreApplication::sendPostedEvents(window(), QEvent::UpdateRequest);
+}
+
+void C3DScene::updateScene()
+{
+    hostSide().takeScene(true);
+    for (auto& slice : s->slices)
+        slice->d->dirty = true;
+    update();
+}
+
+void C3DScene::createSliceDisplayLists()
+{
+    const hvscene::Box scene = hostSide().currentSceneBox();
+    for (auto& slice : s->slices)
+        if (slice->d->dirty) slice->d->update(scene);
+}
+
+void C3DScene::refreshSliceViews()
+{
+    createSliceDisplayLists();
+    for (auto& slice : s->slices)
+        if (slice->isDisplayed()) update();
+}
+
+void C3DScene::setSliceDirty(C3DObject* object, C3DScene::slice_view view, bool bDirty)
+{
+    if (!object) return;
+    for (std::size_t k = 0; k < s->slices.size(); ++k)
+        if (view == ALL_VIEWS || k == static_cast<std::size_t>(view)) s->slices[k]->d->dirty = bDirty;
+}
+
+QPointer<C3DSlice> C3DScene::getYZslice()
+{
+    return s->slices[YZ_VIEW].get();
+}
+
+QPointer<C3DSlice> C3DScene::getXZslice()
+{
+    return s->slices[XZ_VIEW].get();
+}
+
+QPointer<C3DSlice> C3DScene::getXYslice()
+{
+    return s->slices[XY_VIEW].get();
+}
+
+QPointer<C3DSlice> C3DScene::get3DSliceView(C3DScene::slice_view view)
+{
+    if (view < YZ_VIEW || view > XY_VIEW) return nullptr;
+    return s->slices[static_cast<std::size_t>(view)].get();
+}
+
+void C3DScene::updateTransformTool()
+{
+    if (s->tool) s->tool->update();
+}
+
+void C3DScene::updateCroppingTool()
+{
+    if (s->tool) s->tool->update();
+}
+
+C3DToolBase* C3DScene::getCurrentTool()
+{
+    return s->tool;
+}
+
+void C3DScene::renderDecorations()
+{
+    C3DSGManager* manager = hostSide().manager;
+    if (!manager) return;
+    createSliceDisplayLists();
+    for (auto& slice : s->slices) {
+        if (!slice->isDisplayed()) continue;
+        slice->d->drawOutline();
+        GLdouble plane[4] = {0.0, 0.0, 0.0, slice->getPosition()};
+        plane[slice->getAxis()] = 1.0;
+        for (C3DObject* object : manager->hostSide().renderables())
+            if (object->isDisplayed() && object->isValid()) object->renderSlice(plane, 0);
+    }
+}

@@ -1,0 +1,255 @@
+#include "lib/hvapi/scene/C3DViewPrivate.h"
+
+#include "hvapi/scene/C3DVolumeData.h"
+#include "lib/hvapi/scene/C3DSGManagerPrivate.h"
+#include "lib/hvutils/HostServices.h"
+
+#include <QMouseEvent>
+#include <QWheelEvent>
+#include <algorithm>
+#include <cmath>
+
+namespace {
+
+constexpr double pi = 3.14159265358979323846;
+constexpr double zoomPerWheelStep = 1.15;
+constexpr double zoomPerWindowHeight = 6.0;  // dragging over the whole window
+constexpr int wheelRestMs = 250;
+
+void moveCropBox(C3DSGNode* node, const sCropBoxOffset& offsets)
+{
+    if (!node) return;
+    if (auto* object = qobject_cast<C3DObject*>(node)) {
+        sCropBoxOffset copy = offsets;
+        object->setCropBoxOffset(copy.m_offset);
+    }
+    for (QObject* child : node->children())
+        moveCropBox(qobject_cast<C3DSGNode*>(child), offsets);
+}
+
+}  // namespace
+
+C3DView::Private::Private(C3DView& view)
+    : q(view)
+{
+    wheelRest.setSingleShot(true);
+    wheelRest.setInterval(wheelRestMs);
+}
+
+C3DView::C3DView(C3DSGManager* manager, QWidget* parent, Qt::WindowFlags flags)
+    : QOpenGLWidget(parent, flags)
+    , d(std::make_unique<Private>(*this))
+{
+    QSurfaceFormat surface = QSurfaceFormat::defaultFormat();
+    surface.setProfile(QSurfaceFormat::CompatibilityProfile);
+    setFormat(surface);
+    setFocusPolicy(Qt::StrongFocus);
+    setAccessibleName(tr("3D view"));
+    connect(&d->wheelRest, &QTimer::timeout, this, [this] { d->updateFastMode(); });
+    d->manager = manager;
+    if (!manager) return;
+    manager->hostSide().makeRoot();
+    manager->hostSide().views.push_back(this);
+}
+
+C3DView::~C3DView()
+{
+    if (d->manager) {
+        auto& views = d->manager->hostSide().views;
+        views.erase(std::remove(views.begin(), views.end(), this), views.end());
+    }
+    d->wheelRest.stop();
+    d->drag = Private::Drag::None;
+    d->updateFastMode();
+}
+
+void C3DView::setCurrentCameraTool(CameraTool tool)
+{
+    d->tool = tool;
+}
+
+C3DView::CameraTool C3DView::getCurrentCameraTool() const
+{
+    return d->tool;
+}
+
+sCropBoxOffset C3DView::getCroppingBoxOffset()
+{
+    return d->manager ? d->manager->hostSide().cropOffsets : sCropBoxOffset();
+}
+
+void C3DView::setCroppingBoxOffset(Vec3f* const offsets)
+{
+    if (!offsets || !d->manager) return;
+    C3DSGManager::Private& graph = d->manager->hostSide();
+    std::copy(offsets, offsets + 8, graph.cropOffsets.m_offset);
+    moveCropBox(graph.root, graph.cropOffsets);
+    graph.requestRepaint();
+}
+
+C3DView::Private& C3DView::hostSide()
+{
+    return *d;
+}
+
+void C3DView::initializeGL() {}
+
+void C3DView::paintGL()
+{
+    d->paint(d->framebufferPixels(), devicePixelRatioF());
+}
+
+void C3DView::renderDecorations() {}
+
+void C3DView::mousePressEvent(QMouseEvent* event)
+{
+    const Private::Drag drag = d->drag == Private::Drag::None ? d->dragOf(*event) : Private::Drag::None;
+    if (drag == Private::Drag::None) {
+        event->ignore();
+        return;
+    }
+    d->drag = drag;
+    d->dragButton = event->button();
+    d->dragMoved = false;
+    d->lastPosition = event->pos();
+}
+
+void C3DView::mouseMoveEvent(QMouseEvent* event)
+{
+    if (d->drag == Private::Drag::None) {
+        event->ignore();
+        return;
+    }
+    if (!(event->buttons() & d->dragButton)) {  // the release went elsewhere
+        d->endDrag();
+        return;
+    }
+    const QPoint step = event->pos() - d->lastPosition;
+    if (step.isNull()) return;
+    d->lastPosition = event->pos();
+    d->dragMoved = true;
+    const double w = std::max(1, width());
+    const double h = std::max(1, height());
+    switch (d->drag) {
+    case Private::Drag::Orbit: {
+        const double perPixel = pi / std::min(w, h);
+        d->camera.orbit(step.x() * perPixel, step.y() * perPixel);
+        break;
+    }
+    case Private::Drag::Pan:
+        d->camera.pan(step.x() / h, -step.y() / h);
+        break;
+    case Private::Drag::Zoom:
+        d->camera.zoom(std::pow(zoomPerWindowHeight, -step.y() / h), 0.0, 0.0);
+        break;
+    case Private::Drag::None:
+        break;
+    }
+    d->updateFastMode();
+    d->cameraMoved();
+}
+
+void C3DView::mouseReleaseEvent(QMouseEvent* event)
+{
+    if (d->drag == Private::Drag::None || event->button() != d->dragButton) {
+        event->ignore();
+        return;
+    }
+    d->endDrag();
+}
+
+void C3DView::mouseDoubleClickEvent(QMouseEvent* event)
+{
+    if (event->button() != Qt::LeftButton) {
+        event->ignore();
+        return;
+    }
+    d->camera.fit();
+    d->cameraMoved();
+}
+
+void C3DView::wheelEvent(QWheelEvent* event)
+{
+    const double steps = event->angleDelta().y() / 120.0;
+    if (steps == 0.0) {
+        event->ignore();
+        return;
+    }
+    const double h = std::max(1, height());
+    const QPointF mouse = event->position();
+    d->camera.zoom(std::pow(zoomPerWheelStep, steps), (mouse.x() - width() / 2.0) / h,
+                   (height() / 2.0 - mouse.y()) / h);
+    d->wheelRest.start();
+    d->updateFastMode();
+    d->cameraMoved();
+    event->accept();
+}
+
+void C3DView::hideEvent(QHideEvent* event)
+{
+    d->wheelRest.stop();
+    d->endDrag();
+    QOpenGLWidget::hideEvent(event);
+}
+
+C3DView::Private::Drag C3DView::Private::dragOf(const QMouseEvent& event) const
+{
+    if (event.button() == Qt::MiddleButton) return Drag::Pan;
+    if (event.button() != Qt::LeftButton) return Drag::None;
+    if (event.modifiers() & Qt::ShiftModifier) return Drag::Pan;
+    switch (tool) {
+    case PanTool:
+        return Drag::Pan;
+    case ZoomTool:
+        return Drag::Zoom;
+    case NoCameraTool:
+    case RotateTool:
+        break;
+    }
+    return Drag::Orbit;
+}
+
+void C3DView::Private::endDrag()
+{
+    drag = Drag::None;
+    dragButton = Qt::NoButton;
+    dragMoved = false;
+    updateFastMode();
+}
+
+void C3DView::Private::updateFastMode()
+{
+    const bool moving = (drag != Drag::None && dragMoved) || wheelRest.isActive();
+    if (moving == fast) return;
+    fast = moving;
+    HostServices::instance().setFastRenderingMode(fast);
+    if (!fast) q.update();  // the frame of full detail
+}
+
+void C3DView::Private::cameraMoved()
+{
+    emit q.cameraChanged();
+    q.update();
+}
+
+hvscene::Box C3DView::Private::currentSceneBox() const
+{
+    return manager ? manager->hostSide().sceneBox() : hvscene::Box();
+}
+
+void C3DView::Private::takeScene(bool fitAnew)
+{
+    const hvscene::Box scene = currentSceneBox();
+    if (scene == knownScene) return;
+    knownScene = scene;
+    camera.setScene(scene, fitAnew);
+    emit q.cameraChanged();
+}
+
+QSize C3DView::Private::framebufferPixels() const
+{
+    // The one place where lines of the window become pixels of the framebuffer.
+    const double ratio = q.devicePixelRatioF();
+    return {std::max(1, static_cast<int>(std::lround(q.width() * ratio))),
+            std::max(1, static_cast<int>(std::lround(q.height() * ratio)))};
+}

@@ -1,0 +1,58 @@
+#pragma once
+
+#include "hvapi/scene/C3DView.h"
+#include "lib/hvapi/scene/OrientationAxes.h"
+#include "lib/hvapi/scene/logic/Camera.h"
+
+#include <QPoint>
+#include <QPointer>
+#include <QSize>
+#include <QTimer>
+
+struct C3DView::Private
+{
+    explicit Private(C3DView& view);
+
+    hvscene::Box currentSceneBox() const;
+    /// Hands a changed box to the camera. With `fitAnew` the picture is fitted to it even after zoom or pan.
+    void takeScene(bool fitAnew);
+
+    /// Draws the frame into the bound framebuffer of `pixels`; `scale` is the number of pixels of a line of
+    /// the decorations. Leaves the GL state as it was.
+    void paint(QSize pixels, double scale);
+    QSize framebufferPixels() const;
+
+    // The mouse.
+    enum class Drag
+    {
+        None,
+        Orbit,
+        Pan,
+        Zoom
+    };
+    Drag dragOf(const QMouseEvent& event) const;
+    void endDrag();
+    void updateFastMode();
+    void cameraMoved();
+
+    C3DView& q;
+    QPointer<C3DSGManager> manager;
+    hvscene::Camera camera;
+    hvscene::Box knownScene;
+    hvscene::OrientationAxes axes;
+    CameraTool tool = NoCameraTool;
+    Drag drag = Drag::None;
+    Qt::MouseButton dragButton = Qt::NoButton;
+    bool dragMoved = false;
+    QPoint lastPosition;
+    QTimer wheelRest;  ///< runs while wheel steps follow one another
+    bool fast = false;
+    bool painting = false;
+    bool showBoundingBox = true;
+    bool showAxes = true;
+    bool showScaleBar = true;
+
+private:
+    void paintScene();
+    void paintOverlay(QSize pixels, double scale);
+};

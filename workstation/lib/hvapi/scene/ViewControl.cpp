@@ -1,0 +1,85 @@
+#include "lib/hvapi/scene/ViewControl.h"
+
+#include "lib/hvapi/scene/C3DViewPrivate.h"
+#include "lib/hvutils/HostServices.h"
+
+#include <QOpenGLContext>
+#include <QOpenGLFramebufferObject>
+#include <QOpenGLFunctions>
+#include <algorithm>
+
+void ViewControl::setPreset(hvscene::ViewPreset preset)
+{
+    m_view.hostSide().camera.setPreset(preset);
+    m_view.hostSide().cameraMoved();
+}
+
+void ViewControl::fit()
+{
+    m_view.hostSide().camera.fit();
+    m_view.hostSide().cameraMoved();
+}
+
+void ViewControl::reset()
+{
+    m_view.hostSide().camera.reset();
+    m_view.hostSide().cameraMoved();
+}
+
+void ViewControl::showBoundingBox(bool show)
+{
+    m_view.hostSide().showBoundingBox = show;
+    m_view.update();
+}
+
+bool ViewControl::isBoundingBoxShown() const
+{
+    return m_view.hostSide().showBoundingBox;
+}
+
+void ViewControl::showAxes(bool show)
+{
+    m_view.hostSide().showAxes = show;
+    m_view.update();
+}
+
+bool ViewControl::isAxesShown() const
+{
+    return m_view.hostSide().showAxes;
+}
+
+void ViewControl::showScaleBar(bool show)
+{
+    m_view.hostSide().showScaleBar = show;
+    m_view.update();
+}
+
+bool ViewControl::isScaleBarShown() const
+{
+    return m_view.hostSide().showScaleBar;
+}
+
+QImage ViewControl::picture(QSize pixels)
+{
+    if (pixels.isEmpty()) return QImage();
+    m_view.makeCurrent();
+    QOpenGLContext* context = QOpenGLContext::currentContext();
+    if (!context || context != m_view.context()) return QImage();
+    GLint largest = 0;
+    context->functions()->glGetIntegerv(GL_MAX_RENDERBUFFER_SIZE, &largest);
+    QImage image;
+    if (std::max(pixels.width(), pixels.height()) <= largest) {
+        QOpenGLFramebufferObject target(pixels, QOpenGLFramebufferObject::CombinedDepthStencil);
+        if (target.isValid() && target.bind()) {
+            const bool fast = HostServices::instance().fastRenderingMode();
+            HostServices::instance().setFastRenderingMode(false);
+            // The window's own shape comes back with its next frame.
+            m_view.hostSide().paint(pixels, m_view.devicePixelRatioF());
+            HostServices::instance().setFastRenderingMode(fast);
+            image = target.toImage().convertToFormat(QImage::Format_RGB32);
+            target.release();
+        }
+    }
+    m_view.doneCurrent();
+    return image;
+}
