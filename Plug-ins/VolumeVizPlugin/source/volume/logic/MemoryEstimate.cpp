@@ -4,15 +4,26 @@
 
 namespace viz {
 
+namespace {
+
+constexpr std::uint64_t mostBytes = std::numeric_limits<std::uint64_t>::max();
+
+}  // namespace
+
+std::uint64_t volumeBytes(unsigned a, unsigned b, int depth)
+{
+    if (depth <= 0) return 0;
+    const std::uint64_t area = std::uint64_t{a} * b;
+    const auto slices = static_cast<std::uint64_t>(depth);
+    return area != 0 && slices > mostBytes / area ? mostBytes : area * slices;
+}
+
 std::uint64_t memoryToTry(unsigned a, unsigned b, int depth, float factor)
 {
-    constexpr std::uint64_t most = std::numeric_limits<std::uint64_t>::max();
-    if (depth <= 0 || !(factor > 0.0F)) return 0;
-    const std::uint64_t area = std::uint64_t{a} * b;
-    if (area != 0 && static_cast<std::uint64_t>(depth) > most / area) return most;
-    const float bytes = static_cast<float>(area * static_cast<std::uint64_t>(depth)) * factor;
+    if (!(factor > 0.0F)) return 0;
+    const float bytes = static_cast<float>(volumeBytes(a, b, depth)) * factor;
     constexpr float beyond = 18446744073709551616.0F;  // 2 to the power of 64
-    return bytes < beyond ? static_cast<std::uint64_t>(bytes) : most;
+    return bytes < beyond ? static_cast<std::uint64_t>(bytes) : mostBytes;
 }
 
 int textureDepthToTry(int depth)

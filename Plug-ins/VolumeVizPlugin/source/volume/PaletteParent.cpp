@@ -1,0 +1,8 @@
+#include "volume/PaletteParent.h"
+
+#include "plugin/CHVVolumeVizPalette.h"
+
+QWidget* parentWidget(CHVVolumeVizPalette* palette)
+{
+    return palette;
+}
