@@ -5,9 +5,9 @@
 #include <QDialog>
 #include <QString>
 
-/// Shows what is known of a volume, lets the user fill in the rest, and tells whether the volume fits into memory
-/// at the chosen slice resolution. Values are read back after exec(), or without it. A group or field that the
-/// caller disables is not asked for; a disabled group is hidden when the dialog is shown.
+/// Shows what is known of a volume, lets the user fill in the rest, and tells whether the volume fits into
+/// memory at the chosen slice resolution. Values are read back after exec(), or without it. A group or field
+/// that the caller disables is not asked for; a disabled group is hidden when the dialog is shown.
 class CVolumeInfoDialog : public QDialog, public Ui::CVolumeInfoDialog
 {
     Q_OBJECT

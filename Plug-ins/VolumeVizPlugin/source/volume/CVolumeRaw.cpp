@@ -96,7 +96,8 @@ RawSource sourceFrom(const CVolumeInfoDialog& dialog)
 }
 
 // First pass: the value range of the whole volume.
-bool scan(RawFrames& frames, unsigned frameCount, LoadProgress& progress, CILImage& frame, viz::ValueRange& range)
+bool scan(RawFrames& frames, unsigned frameCount, LoadProgress& progress, CILImage& frame,
+          viz::ValueRange& range)
 {
     for (unsigned i = 0; i < frameCount; ++i) {
         if (!progress.next(frameLabel(i), i, frameCount)) return failAborted();
@@ -132,8 +133,7 @@ bool load(RawFrames& frames, unsigned frameCount, LoadProgress& progress, CILIma
 
 CVolumeRaw::CVolumeRaw(CHVVolumeVizPalette* owner)
     : m_owner(owner)
-{
-}
+{}
 
 CVolumeRaw::~CVolumeRaw()
 {

@@ -27,8 +27,9 @@ public:
     /// @return false with one entry in the log, and no message box, when there is no volume
     bool loadVolumeFile(const char* path);
 
-    // The hand-over to C3DVolumeData::loadVolume takes, in this order: getVoxels, getLoadRows, getLoadColumns,
-    // getFrames, getMaxValue, getMinValue, getExtent. Rows stand before columns, though columns run fastest.
+    // The hand-over to C3DVolumeData::loadVolume takes, in this order: getVoxels, getLoadRows,
+    // getLoadColumns, getFrames, getMaxValue, getMinValue, getExtent. Rows stand before columns, though
+    // columns run fastest.
 
     /// Voxel (x, y) of frame f stands at x + y * getLoadColumns() + f * getLoadColumns() * getLoadRows(). The
     /// block belongs to the reader.

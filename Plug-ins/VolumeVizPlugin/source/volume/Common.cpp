@@ -24,9 +24,11 @@ struct Freed
     void operator()(void* memory) const { std::free(memory); }
 };
 
-template <typename T> using Buffer = std::unique_ptr<T, Freed>;
+template <typename T>
+using Buffer = std::unique_ptr<T, Freed>;
 
-template <typename T> Buffer<T> allocate(std::size_t count)
+template <typename T>
+Buffer<T> allocate(std::size_t count)
 {
     if (count > std::numeric_limits<std::size_t>::max() / sizeof(T)) return nullptr;
     return Buffer<T>(static_cast<T*>(std::malloc(count * sizeof(T))));
@@ -81,7 +83,8 @@ unsigned char* readFile(const char* path, unsigned* size)
     std::size_t total = 0;
     std::size_t read = blockSize;
     while (read == blockSize) {
-        if (total > std::numeric_limits<unsigned>::max() - blockSize || !resize(contents, total + blockSize)) {
+        if (total > std::numeric_limits<unsigned>::max() - blockSize ||
+            !resize(contents, total + blockSize)) {
             logNoMemory();
             return nullptr;
         }
@@ -94,8 +97,8 @@ unsigned char* readFile(const char* path, unsigned* size)
     return contents.release();
 }
 
-unsigned char* quantize16To8(unsigned char* data, unsigned w, unsigned h, unsigned d, bool keepInput, bool linear,
-                             bool verbose)
+unsigned char* quantize16To8(unsigned char* data, unsigned w, unsigned h, unsigned d, bool keepInput,
+                             bool linear, bool verbose)
 {
     Buffer<unsigned char> input(data);
     const std::size_t count = voxelCount(w, h, d);

@@ -14,7 +14,8 @@ namespace {
 
 constexpr int readAtOnce = 1 << 18;
 
-template <typename Sample> constexpr HVSDataTypes signedType()
+template <typename Sample>
+constexpr HVSDataTypes signedType()
 {
     return sizeof(Sample) == 1 ? eTypeInt8 : eTypeInt16;
 }
@@ -64,8 +65,7 @@ long RawFrames::read(CILImage& frame)
         frame.get_datatype() == type && frame.get_width() == m_columns && frame.get_height() == m_rows;
     if (!fits && !frame.InitWithType(type, m_columns, m_rows)) return -1;
     if (!m_source.isSigned) return static_cast<long>(readSamples(frame.get_data()));
-    if (type == eTypeUInt8)
-        return readStretched<std::int8_t>(static_cast<std::uint8_t*>(frame.get_data()));
+    if (type == eTypeUInt8) return readStretched<std::int8_t>(static_cast<std::uint8_t*>(frame.get_data()));
     return readStretched<std::int16_t>(static_cast<std::uint16_t*>(frame.get_data()));
 }
 
@@ -78,7 +78,8 @@ std::size_t RawFrames::readSamples(void* samples)
     return count;
 }
 
-template <typename Sample, typename Pixel> long RawFrames::readStretched(Pixel* pixels)
+template <typename Sample, typename Pixel>
+long RawFrames::readStretched(Pixel* pixels)
 {
     const auto wanted = static_cast<std::size_t>(m_columns) * static_cast<std::size_t>(m_rows);
     try {

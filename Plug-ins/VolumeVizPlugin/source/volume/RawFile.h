@@ -24,8 +24,8 @@ struct RawSource
 /// @return false when it can't be opened, or is no plain file
 bool readRawHeader(const QString& path, viz::RawHeader& header);
 
-/// The frames of a RAW file, one after the other. Signed ones come out stretched, each by itself, over the whole
-/// range of the unsigned type of their size.
+/// The frames of a RAW file, one after the other. Signed ones come out stretched, each by itself, over the
+/// whole range of the unsigned type of their size.
 class RawFrames
 {
 public:
@@ -38,8 +38,8 @@ public:
     /// Back to the first frame.
     void rewind();
 
-    /// Reads the next frame into `frame`, whose memory is used again where it has the right size. Samples that
-    /// the file does not have are 0.
+    /// Reads the next frame into `frame`, whose memory is used again where it has the right size. Samples
+    /// that the file does not have are 0.
     /// @return samples read, less than columns * rows at the end of the file; -1 when memory does not suffice
     long read(CILImage& frame);
 
@@ -50,7 +50,8 @@ private:
     };
 
     std::size_t readSamples(void* samples);
-    template <typename Sample, typename Pixel> long readStretched(Pixel* pixels);
+    template <typename Sample, typename Pixel>
+    long readStretched(Pixel* pixels);
 
     std::unique_ptr<std::FILE, Closer> m_file;
     RawSource m_source;

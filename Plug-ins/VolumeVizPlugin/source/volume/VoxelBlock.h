@@ -5,6 +5,7 @@
 
 // The one big allocation of a load.
 
-/// A block of zeros, for std::free; null for no bytes and when memory does not suffice. Its pages are huge where
-/// the system has such: writing it for the first time costs a fraction of what it costs with small ones.
+/// A block of zeros, for std::free; null for no bytes and when memory does not suffice. Its pages are huge
+/// where the system has such: writing it for the first time costs a fraction of what it costs with small
+/// ones.
 std::uint8_t* allocateVoxels(std::size_t bytes);

@@ -144,8 +144,8 @@ void quantise(const std::uint16_t* samples, std::size_t count, std::int32_t lowe
     quantiseAt(simd, samples, count, lowest, scale, voxels);
 }
 
-void stretchSigned(const std::int8_t* samples, std::size_t count, int lowest, int highest, std::uint8_t* pixels,
-                   Simd simd)
+void stretchSigned(const std::int8_t* samples, std::size_t count, int lowest, int highest,
+                   std::uint8_t* pixels, Simd simd)
 {
     stretchAt(simd, samples, count, lowest, highest, 255.0, pixels);
 }

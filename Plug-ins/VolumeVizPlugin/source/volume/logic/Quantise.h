@@ -3,12 +3,17 @@
 #include <cstddef>
 #include <cstdint>
 
-// The lossy, linear way from source samples to the 8-bit voxels of the block. Single precision, step by step as
-// written down here: the voxels of a file must not depend on the machine that loads it.
+// The lossy, linear way from source samples to the 8-bit voxels of the block. Single precision, step by step
+// as written down here: the voxels of a file must not depend on the machine that loads it.
 namespace viz {
 
 /// Which instructions the loops below may use. Every level gives the same voxels.
-enum class Simd { Plain, Avx2, Avx512 };
+enum class Simd
+{
+    Plain,
+    Avx2,
+    Avx512
+};
 
 /// The widest level of this machine.
 Simd widestSimd();
@@ -32,8 +37,8 @@ struct ValueRange
 /// Voxel steps for each source step: 255 / (highest - lowest), in single precision. The two must differ.
 float valueScale(const ValueRange& range);
 
-/// (sample - lowest) * scale + 0.5 in single precision, truncated to an integer whose low byte is the voxel. A
-/// sample below `lowest` is not clamped. `lowest` and `scale` must come from a range of 16-bit values.
+/// (sample - lowest) * scale + 0.5 in single precision, truncated to an integer whose low byte is the voxel.
+/// A sample below `lowest` is not clamped. `lowest` and `scale` must come from a range of 16-bit values.
 /// @param samples, voxels  count elements each; they may not overlap
 void quantise(const std::uint8_t* samples, std::size_t count, std::int32_t lowest, float scale,
               std::uint8_t* voxels, Simd simd = widestSimd());
@@ -45,8 +50,8 @@ void quantise(const std::uint16_t* samples, std::size_t count, std::int32_t lowe
 /// value becomes 0.
 /// @param lowest, highest  extremes of this very frame
 /// @param pixels           count elements
-void stretchSigned(const std::int8_t* samples, std::size_t count, int lowest, int highest, std::uint8_t* pixels,
-                   Simd simd = widestSimd());
+void stretchSigned(const std::int8_t* samples, std::size_t count, int lowest, int highest,
+                   std::uint8_t* pixels, Simd simd = widestSimd());
 void stretchSigned(const std::int16_t* samples, std::size_t count, int lowest, int highest,
                    std::uint16_t* pixels, Simd simd = widestSimd());
 

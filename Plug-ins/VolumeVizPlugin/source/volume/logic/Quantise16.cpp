@@ -10,7 +10,8 @@ namespace {
 constexpr int mostRounds = 256;
 constexpr double greyLevels = 256.0;
 
-// One component of the gradient. `position` runs along an axis of `extent` voxels that lie `stride` samples apart.
+// One component of the gradient. `position` runs along an axis of `extent` voxels that lie `stride` samples
+// apart.
 int difference(const std::uint16_t* sample, unsigned position, unsigned extent, std::size_t stride)
 {
     if (extent < 2) return 0;
@@ -24,7 +25,8 @@ int difference(const std::uint16_t* sample, unsigned position, unsigned extent, 
 bool cutPeaks(double* table)
 {
     double sum = 0;
-    for (std::size_t i = 0; i < values16; ++i) sum += table[i];
+    for (std::size_t i = 0; i < values16; ++i)
+        sum += table[i];
     const double limit = sum / greyLevels;
     bool cut = false;
     for (std::size_t i = 0; i < values16; ++i) {
@@ -73,9 +75,11 @@ void fillEqualisedTable(const Volume16& volume, std::uint16_t lowest, std::uint1
     std::for_each(table, table + values16, [](double& weight) { weight = std::pow(weight, 1.0 / 3.0); });
     table[highest] = 0;
     table[lowest] = 0;
-    for (int round = 0; round < mostRounds && cutPeaks(table);) ++round;
+    for (int round = 0; round < mostRounds && cutPeaks(table);)
+        ++round;
 
-    for (std::size_t i = 1; i < values16; ++i) table[i] += table[i - 1];
+    for (std::size_t i = 1; i < values16; ++i)
+        table[i] += table[i - 1];
     const double whole = table[values16 - 1];
     if (whole > 0) std::for_each(table, table + values16, [&](double& level) { level *= 255.0 / whole; });
 }

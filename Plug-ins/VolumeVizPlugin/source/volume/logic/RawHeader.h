@@ -15,9 +15,9 @@ struct RawHeader
     int columns = 0;  ///< as written, negative ones included
     int rows = 0;
     int frames = 0;
-    std::int64_t size = 0;  ///< bytes in front of the voxels; 0 without an end marker
-    QByteArray depth = "8"; ///< bits of a voxel as written: "8" or "16" if all is well
-    RawSpacing spacing;     ///< mm
+    std::int64_t size = 0;   ///< bytes in front of the voxels; 0 without an end marker
+    QByteArray depth = "8";  ///< bits of a voxel as written: "8" or "16" if all is well
+    RawSpacing spacing;      ///< mm
     bool isSigned = false;
 
     bool sizeSeen = false;    ///< a good "VolumeSize" line
@@ -28,9 +28,10 @@ struct RawHeader
     bool isComplete() const { return sizeSeen && depthSeen && formatSeen; }
 };
 
-/// Takes a file's bytes in pieces of any size and gathers its header. Lines count as a text file delivers them:
-/// "\r\n" is one line feed, so the size found is shorter than the file's own by one byte for each such line. The
-/// memory it needs does not grow with the file, whatever the file holds.
+/// Takes a file's bytes in pieces of any size and gathers its header. Lines count as a text file delivers
+/// them:
+/// "\r\n" is one line feed, so the size found is shorter than the file's own by one byte for each such line.
+/// The memory it needs does not grow with the file, whatever the file holds.
 class RawHeaderParser
 {
 public:
