@@ -68,6 +68,11 @@ Request refused(const std::string& why)
     return request;
 }
 
+Request refused(std::string option, const std::string& wanted, const std::string& value)
+{
+    return refused(option.append(" wants ").append(wanted).append(", not \"").append(value).append("\""));
+}
+
 }  // namespace
 
 Request parseCommandLine(const std::vector<std::string>& arguments)
@@ -92,8 +97,7 @@ Request parseCommandLine(const std::vector<std::string>& arguments)
         if (option == std::end(options)) return refused("unknown option \"" + name + "\"");
         if (equals == std::string::npos && ++i == arguments.size()) return refused(name + " needs a value");
         const std::string value = equals == std::string::npos ? arguments[i] : argument.substr(equals + 1);
-        if (!option->take(value, request))
-            return refused(name + " wants " + option->wanted + ", not \"" + value + "\"");
+        if (!option->take(value, request)) return refused(name, option->wanted, value);
     }
     if (request.path.empty()) return refused("no output file named");
     if (request.spacing == 0) request.spacing = fieldOfView / request.size;
