@@ -77,11 +77,19 @@ public:
     QTimer messageTimer;  // takes the last message off
     bool canClose = true;
     std::atomic<bool> fastRendering{false};
+
+    QSettings& openSettings(QString const& path)
+    {
+        if (!settings) settings = std::make_unique<QSettings>(path, QSettings::IniFormat);
+        return *settings;
+    }
 };
 
 HostServices::HostServices()
     : d(std::make_unique<Private>())
 {
+    // The first use may come from another thread, by an entry of the log.
+    if (QCoreApplication::instance()) d->messageTimer.moveToThread(QCoreApplication::instance()->thread());
     d->messageTimer.setSingleShot(true);
     QObject::connect(&d->messageTimer, &QTimer::timeout, &d->messageTimer,
                      [this] { setProcessMessage({}, 0, 0); });
@@ -178,9 +186,7 @@ QString HostServices::logFilePath() const
 
 QString HostServices::activeUserName() const
 {
-    QString const stored =
-        d->settings ? d->settings->value("user/name").toString()
-                    : QSettings(settingsFilePath(), QSettings::IniFormat).value("user/name").toString();
+    QString const stored = d->openSettings(settingsFilePath()).value("user/name").toString();
     return fitForFileName(stored.isEmpty() ? systemUserName() : stored);
 }
 
@@ -192,8 +198,7 @@ bool HostServices::memoryLoadLimit() const
 
 QSettings& HostServices::settings()
 {
-    if (!d->settings) d->settings = std::make_unique<QSettings>(settingsFilePath(), QSettings::IniFormat);
-    return *d->settings;
+    return d->openSettings(settingsFilePath());
 }
 
 void HostServices::setCanClose(bool canClose)

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace hvimage {
 
@@ -50,21 +51,71 @@ Triple srgbFromLab(Triple const& lab)
             srgbFromLinear(-0.0041960863 * l3 - 0.7034186147 * m3 + 1.7076147010 * s3)};
 }
 
-Triple between(Triple const& from, Triple const& to, double share)
+Triple valueOf(ColorStop const& stop, Blend blend)
 {
-    return {from.a + (to.a - from.a) * share, from.b + (to.b - from.b) * share,
-            from.c + (to.c - from.c) * share};
+    Triple const bytes = {static_cast<double>(stop.red), static_cast<double>(stop.green),
+                          static_cast<double>(stop.blue)};
+    return blend == Blend::Srgb ? bytes : labFromSrgb(bytes);
 }
 
-Triple bytesOf(ColorStop const& stop)
+// Slope at a stop that has the slopes `before` and `after` to its neighbours at the distances h0 and h1, such
+// that the curve never leaves the range of two neighbours.
+double slopeAtStop(double before, double after, double h0, double h1)
 {
-    return {static_cast<double>(stop.red), static_cast<double>(stop.green), static_cast<double>(stop.blue)};
+    if (before * after <= 0.0) return 0.0;
+    double const w0 = 2.0 * h1 + h0;
+    double const w1 = h1 + 2.0 * h0;
+    return (w0 + w1) / (w0 / before + w1 / after);
 }
 
-Triple colorAt(ColorStop const& from, ColorStop const& to, double share, Blend blend)
+// One coordinate of the stops as a curve over the position.
+class Curve
 {
-    if (blend == Blend::Srgb) return between(bytesOf(from), bytesOf(to), share);
-    return srgbFromLab(between(labFromSrgb(bytesOf(from)), labFromSrgb(bytesOf(to)), share));
+public:
+    Curve(std::vector<ColorStop> const& stops, std::vector<double> values, bool smooth)
+        : m_stops(stops)
+        , m_values(std::move(values))
+        , m_smooth(smooth)
+        , m_slopes(m_values.size(), 0.0)
+    {
+        for (std::size_t i = 0; i < m_slopes.size(); ++i) {
+            if (i == 0 || i + 1 == m_slopes.size())
+                m_slopes[i] = secant(i == 0 ? 0 : i - 1);
+            else
+                m_slopes[i] = slopeAtStop(secant(i - 1), secant(i), width(i - 1), width(i));
+        }
+    }
+
+    // Between stop `from` and the next one; `t` runs from 0 to 1.
+    double at(std::size_t from, double t) const
+    {
+        double const a = m_values[from];
+        double const b = m_values[from + 1];
+        if (!m_smooth) return a + (b - a) * t;
+        double const h = width(from);
+        double const t2 = t * t;
+        double const t3 = t2 * t;
+        return (2.0 * t3 - 3.0 * t2 + 1.0) * a + (t3 - 2.0 * t2 + t) * h * m_slopes[from] +
+               (3.0 * t2 - 2.0 * t3) * b + (t3 - t2) * h * m_slopes[from + 1];
+    }
+
+private:
+    double width(std::size_t from) const { return m_stops[from + 1].position - m_stops[from].position; }
+    double secant(std::size_t from) const { return (m_values[from + 1] - m_values[from]) / width(from); }
+
+    std::vector<ColorStop> const& m_stops;
+    std::vector<double> m_values;
+    bool m_smooth;
+    std::vector<double> m_slopes;
+};
+
+Curve curveOf(std::vector<ColorStop> const& stops, Blend blend, double Triple::*coordinate)
+{
+    std::vector<double> values;
+    values.reserve(stops.size());
+    for (ColorStop const& stop : stops)
+        values.push_back(valueOf(stop, blend).*coordinate);
+    return Curve(stops, std::move(values), blend == Blend::OkLab);
 }
 
 std::uint8_t toByte(double value)
@@ -72,11 +123,15 @@ std::uint8_t toByte(double value)
     return static_cast<std::uint8_t>(std::clamp(std::floor(value + 0.5), 0.0, 255.0));
 }
 
-// A hue on black: the lightness grows steadily, through the full hue to a tint of it, so that dark hues such
-// as blue show as many steps as bright ones.
-ColorTable hueTable(ColorStop const& deep, ColorStop const& full, ColorStop const& tint)
+// A hue on black, and at the end a tint of it, so that dark hues such as blue show as many steps as bright
+// ones.
+ColorTable hueTable(ColorStop const& hue, ColorStop const& tint)
 {
-    return makeColorTable({{0.0, 0, 0, 0}, deep, full, tint}, Blend::OkLab);
+    auto const shade = [&](double position, double share) {
+        return ColorStop{position, toByte(hue.red * share), toByte(hue.green * share),
+                         toByte(hue.blue * share)};
+    };
+    return makeColorTable({shade(0.0, 0.0), shade(0.1, 0.13), shade(0.4, 0.54), hue, tint}, Blend::OkLab);
 }
 
 }  // namespace
@@ -84,15 +139,18 @@ ColorTable hueTable(ColorStop const& deep, ColorStop const& full, ColorStop cons
 ColorTable makeColorTable(std::vector<ColorStop> const& stops, Blend blend)
 {
     ColorTable table{};
-    std::size_t next = 1;
+    Curve const first = curveOf(stops, blend, &Triple::a);
+    Curve const second = curveOf(stops, blend, &Triple::b);
+    Curve const third = curveOf(stops, blend, &Triple::c);
+    std::size_t from = 0;
     for (int i = 0; i < 256; ++i) {
         double const position = i / 255.0;
-        while (next + 1 < stops.size() && stops[next].position < position)
-            ++next;
-        ColorStop const& from = stops[next - 1];
-        ColorStop const& to = stops[next];
-        double const share = std::clamp((position - from.position) / (to.position - from.position), 0.0, 1.0);
-        Triple const color = colorAt(from, to, share, blend);
+        while (from + 2 < stops.size() && stops[from + 1].position < position)
+            ++from;
+        double const span = stops[from + 1].position - stops[from].position;
+        double const t = std::clamp((position - stops[from].position) / span, 0.0, 1.0);
+        Triple const value = {first.at(from, t), second.at(from, t), third.at(from, t)};
+        Triple const color = blend == Blend::Srgb ? value : srgbFromLab(value);
         std::uint8_t* const entry = table.data() + 4 * i;
         entry[0] = toByte(color.a);
         entry[1] = toByte(color.b);
@@ -110,55 +168,48 @@ ColorTable const* colorTable(HVS_COLORTABLE_TYPES type)
         return &table;
     }
     case eColorTableRed: {
-        static ColorTable const table =
-            hueTable({0.40, 122, 4, 10}, {0.75, 240, 32, 32}, {1.0, 255, 176, 164});
+        static ColorTable const table = hueTable({0.74, 240, 28, 30}, {1.0, 255, 178, 166});
         return &table;
     }
     case eColorTableGreen: {
-        static ColorTable const table =
-            hueTable({0.40, 0, 84, 26}, {0.75, 24, 184, 62}, {1.0, 184, 255, 190});
+        static ColorTable const table = hueTable({0.74, 22, 186, 60}, {1.0, 190, 255, 194});
         return &table;
     }
     case eColorTableBlue: {
-        static ColorTable const table =
-            hueTable({0.40, 14, 30, 150}, {0.75, 48, 96, 255}, {1.0, 176, 210, 255});
+        static ColorTable const table = hueTable({0.74, 46, 92, 255}, {1.0, 178, 212, 255});
         return &table;
     }
     case eColorTableCyan: {
-        static ColorTable const table =
-            hueTable({0.40, 0, 78, 92}, {0.75, 0, 186, 206}, {1.0, 190, 255, 255});
+        static ColorTable const table = hueTable({0.74, 0, 186, 208}, {1.0, 194, 255, 255});
         return &table;
     }
     case eColorTableYellow: {
-        static ColorTable const table =
-            hueTable({0.40, 86, 74, 0}, {0.75, 226, 202, 0}, {1.0, 255, 250, 176});
+        static ColorTable const table = hueTable({0.74, 226, 202, 0}, {1.0, 255, 251, 184});
         return &table;
     }
     case eColorTableMagenta: {
-        static ColorTable const table =
-            hueTable({0.40, 104, 0, 104}, {0.75, 226, 36, 226}, {1.0, 255, 190, 255});
+        static ColorTable const table = hueTable({0.74, 226, 36, 226}, {1.0, 255, 194, 255});
         return &table;
     }
     case eColorTableOrange: {
-        static ColorTable const table =
-            hueTable({0.40, 112, 46, 0}, {0.75, 250, 128, 8}, {1.0, 255, 218, 170});
+        static ColorTable const table = hueTable({0.74, 250, 126, 6}, {1.0, 255, 220, 174});
         return &table;
     }
     case eColorTableBlueYellow: {
         static ColorTable const table = makeColorTable({{0.0, 4, 10, 70},
-                                                        {0.25, 24, 62, 170},
+                                                        {0.25, 26, 64, 168},
                                                         {0.5, 108, 128, 140},
-                                                        {0.75, 206, 184, 62},
+                                                        {0.75, 198, 182, 84},
                                                         {1.0, 255, 244, 110}},
                                                        Blend::OkLab);
         return &table;
     }
     case eColorTableGreenPink: {
-        static ColorTable const table = makeColorTable({{0.0, 0, 34, 12},
-                                                        {0.28, 18, 122, 58},
-                                                        {0.5, 142, 160, 140},
-                                                        {0.75, 238, 132, 186},
-                                                        {1.0, 255, 214, 236}},
+        static ColorTable const table = makeColorTable({{0.0, 0, 36, 14},
+                                                        {0.27, 0, 116, 46},
+                                                        {0.5, 112, 150, 112},
+                                                        {0.74, 236, 122, 184},
+                                                        {1.0, 255, 212, 238}},
                                                        Blend::OkLab);
         return &table;
     }
@@ -173,13 +224,14 @@ ColorTable const* colorTable(HVS_COLORTABLE_TYPES type)
         return &table;
     }
     case eColorTableRainbow: {
-        static ColorTable const table = makeColorTable({{0.0, 92, 20, 150},
-                                                        {0.18, 40, 60, 230},
-                                                        {0.36, 0, 180, 230},
-                                                        {0.54, 30, 190, 60},
-                                                        {0.72, 250, 230, 30},
-                                                        {0.86, 255, 140, 0},
-                                                        {1.0, 230, 16, 16}},
+        static ColorTable const table = makeColorTable({{0.0, 104, 28, 164},
+                                                        {0.16, 58, 58, 216},
+                                                        {0.32, 0, 146, 236},
+                                                        {0.46, 0, 188, 172},
+                                                        {0.6, 84, 204, 66},
+                                                        {0.74, 240, 226, 44},
+                                                        {0.87, 252, 142, 22},
+                                                        {1.0, 214, 20, 30}},
                                                        Blend::OkLab);
         return &table;
     }

@@ -20,15 +20,17 @@ struct ColorStop
     std::uint8_t blue;
 };
 
-// How colours between two stops are found: straight between the bytes, or straight in the OKLab space, in
-// which equal steps look equal (B. Ottosson, "A perceptual color space for image processing", 2020).
+// How colours between two stops are found: straight between the bytes, or along a smooth curve through the
+// stops that does not overshoot (F. Fritsch, J. Butland, "A method for constructing local monotone piecewise
+// cubic interpolants", 1984) in the OKLab space, in which equal steps look equal (B. Ottosson, "A perceptual
+// color space for image processing", 2020).
 enum class Blend
 {
     Srgb,
     OkLab
 };
 
-// The table of ascending stops from position 0 to 1, entry i standing at i / 255.
+// The table of two or more ascending stops from position 0 to 1, entry i standing at i / 255.
 ColorTable makeColorTable(std::vector<ColorStop> const& stops, Blend blend);
 
 // One of the host's tables, made on first use; null for an unknown type.
