@@ -4,7 +4,7 @@
 /// a window's copy and hand that to CHVSChildWindow::apply3DControls.
 struct S3DControls
 {
-    bool m_bMeasuring = false;        ///< the tool that measures distances and voxels is on
-    bool m_bShowBoundingBox = false;  ///< frames around the objects are drawn
-    bool m_bShowAxes = true;          ///< the axes of orientation are drawn
+    bool m_bMeasuring = false;       ///< the tool that measures distances and voxels is on
+    bool m_bShowBoundingBox = true;  ///< frames around the objects are drawn
+    bool m_bShowAxes = true;         ///< the axes of orientation are drawn
 };

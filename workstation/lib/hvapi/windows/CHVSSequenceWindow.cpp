@@ -1,0 +1,172 @@
+#include "hvapi/windows/CHVSSequenceWindow.h"
+
+#include "hvapi/scene/C3DScene.h"
+#include "hvapi/sequence/CHVSSequenceDataset.h"
+#include "lib/hvapi/sequence/SequenceRegistry.h"
+#include "lib/hvapi/windows/ScenePage.h"
+#include "lib/hvapi/windows/SequencePage.h"
+#include "lib/hvapi/windows/SequenceWindowData.h"
+#include "lib/hvapi/windows/WindowRegistry.h"
+
+#include <QTabWidget>
+#include <QVBoxLayout>
+
+namespace {
+
+enum Tab
+{
+    SequenceTab = 0,
+    SceneTab = 1
+};
+
+}  // namespace
+
+CHVSSequenceWindow::CHVSSequenceWindow(CHVSSequenceDataset* sequence, QWidget* parent)
+    : CHVSChildWindow(parent)
+    , d(std::make_unique<Private>())
+{
+    d->sequence = sequence;
+    setWindowTitle(sequence->getSequenceID());
+
+    d->tabs = new QTabWidget;
+    d->tabs->setDocumentMode(true);
+    d->sequencePage = new SequencePage(sequence);
+    d->tabs->insertTab(SequenceTab, d->sequencePage, tr("Sequence View"));
+    // The tab is there from the start; its GL view is made when it is first needed.
+    auto* sceneHolder = new QWidget;
+    auto* holderLayout = new QVBoxLayout(sceneHolder);
+    holderLayout->setContentsMargins(0, 0, 0, 0);
+    d->tabs->insertTab(SceneTab, sceneHolder, tr("3D View"));
+
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(d->tabs);
+
+    connect(d->sequencePage, &SequencePage::openSceneClicked, this, &CHVSSequenceWindow::prepare3DView);
+    connect(d->tabs, &QTabWidget::currentChanged, this, [this](int tab) {
+        if (tab == SceneTab) prepare3DView();
+        emit WindowRegistry::instance().currentTabChanged(this, getCurrentTabName());
+    });
+    connect(sequence, &CHVSSequenceDataset::sequencePropertyChanged, this, [this] { updateSequenceView(); });
+    connect(&SequenceRegistry::instance(), &SequenceRegistry::loadedVolumetricDataChanged, this,
+            [this](CHVSSequenceDataset* changed) {
+                if (changed == d->sequence) updateSequenceView();
+            });
+    if (sequence->is3DSceneOnlySequence()) prepare3DView();
+}
+
+CHVSSequenceWindow::~CHVSSequenceWindow()
+{
+    // The pages go now, while the window is still whole for those who hear of it.
+    d->tabs->blockSignals(true);
+    d->scenePage = nullptr;
+    delete d->tabs;
+}
+
+CHVSSequenceWindow* CHVSSequenceWindow::getSequenceWindow(CHVSSequenceDataset* sequence)
+{
+    if (!sequence) return nullptr;
+    for (auto* window : WindowRegistry::instance().windows()) {
+        auto* candidate = qobject_cast<CHVSSequenceWindow*>(window);
+        if (candidate && candidate->d->sequence == sequence) return candidate;
+    }
+    return nullptr;
+}
+
+C3DScene* CHVSSequenceWindow::get3DScene()
+{
+    return d->scenePage ? d->scenePage->scene() : nullptr;
+}
+
+QString CHVSSequenceWindow::getCurrentTabName()
+{
+    return d->tabs->currentIndex() == SceneTab ? QStringLiteral("3D View") : QStringLiteral("Sequence View");
+}
+
+bool CHVSSequenceWindow::is3DSceneOnlySequence()
+{
+    return d->sequence->is3DSceneOnlySequence();
+}
+
+void CHVSSequenceWindow::onSignal3DViewChanged(bool bClearAnalysisResults)
+{
+    if (auto* scene = get3DScene()) scene->update();
+    updateSequenceView();
+    emit WindowRegistry::instance().view3DChanged(this, bClearAnalysisResults);
+}
+
+void CHVSSequenceWindow::onSignalUpdatePreference()
+{
+    // The preferences of a 3D view concern the text of measurements: only a repaint is due.
+    if (auto* scene = get3DScene()) scene->update();
+}
+
+void CHVSSequenceWindow::init3DMeasurementValues()
+{
+    getWindowControls()->m_3DControls.m_bMeasuring = false;
+    set3DToolsStates();
+}
+
+void CHVSSequenceWindow::updateSequenceView()
+{
+    setWindowTitle(d->sequence->getSequenceID());
+    d->sequencePage->update(d->sequence);
+}
+
+bool CHVSSequenceWindow::isSequenceWindow()
+{
+    return true;
+}
+
+CHVSSequenceDataset* CHVSSequenceWindow::getWindowSequence()
+{
+    return d->sequence;
+}
+
+C3DSGManager* CHVSSequenceWindow::getWindow3DSGManager()
+{
+    return d->scenePage ? d->sequence->get3DSGManager() : nullptr;
+}
+
+void CHVSSequenceWindow::prepare3DView()
+{
+    if (!d->scenePage) {
+        d->scenePage = new ScenePage(d->sequence->get3DSGManager());
+        connect(d->scenePage, &ScenePage::boundingBoxToggled, this,
+                [this](bool on) { getWindowControls()->m_3DControls.m_bShowBoundingBox = on; });
+        connect(d->scenePage, &ScenePage::axesToggled, this,
+                [this](bool on) { getWindowControls()->m_3DControls.m_bShowAxes = on; });
+        d->tabs->widget(SceneTab)->layout()->addWidget(d->scenePage);
+        set3DToolsStates();
+    }
+    d->tabs->setCurrentIndex(SceneTab);
+}
+
+void CHVSSequenceWindow::update3DLayout()
+{
+    if (!d->scenePage) return;
+    d->scenePage->layout()->activate();
+    set3DToolsStates();
+}
+
+tag_estatus CHVSSequenceWindow::saveSequence()
+{
+    return d->sequence->getSequenceInfoPath().isEmpty() ? eStatusFailed : eStatusSuccess;
+}
+
+bool CHVSSequenceWindow::isClosing()
+{
+    return d->closing;
+}
+
+void CHVSSequenceWindow::apply3DControls(S3DControls* controls)
+{
+    if (!controls) return;
+    CHVSChildWindow::apply3DControls(controls);
+    set3DToolsStates();
+}
+
+void CHVSSequenceWindow::set3DToolsStates()
+{
+    if (d->scenePage) d->scenePage->apply(getWindowControls()->m_3DControls);
+}

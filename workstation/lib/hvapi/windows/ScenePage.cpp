@@ -1,0 +1,109 @@
+#include "lib/hvapi/windows/ScenePage.h"
+
+#include "hvapi/scene/C3DScene.h"
+#include "lib/hvapi/scene/C3DViewPrivate.h"
+#include "lib/hvapi/windows/ViewIcons.h"
+
+#include <QAction>
+#include <QToolBar>
+#include <QVBoxLayout>
+
+namespace {
+
+struct Preset
+{
+    char const* name;
+    char const* text;
+    char const* tip;
+    ViewIcon icon;
+    hvscene::ViewPreset view;
+};
+
+using hvscene::ViewPreset;
+
+constexpr Preset presets[] = {
+    {"m_pViewFront", QT_TRANSLATE_NOOP("ScenePage", "Front"),
+     QT_TRANSLATE_NOOP("ScenePage", "Front view: looks along z, y up"), ViewIcon::Front, ViewPreset::Front},
+    {"m_pViewSide", QT_TRANSLATE_NOOP("ScenePage", "Side"),
+     QT_TRANSLATE_NOOP("ScenePage", "Side view: looks along x, y up"), ViewIcon::Side, ViewPreset::Side},
+    {"m_pViewTop", QT_TRANSLATE_NOOP("ScenePage", "Top"),
+     QT_TRANSLATE_NOOP("ScenePage", "Top view: looks along y"), ViewIcon::Top, ViewPreset::Top},
+    {"m_pViewIso", QT_TRANSLATE_NOOP("ScenePage", "Iso"),
+     QT_TRANSLATE_NOOP("ScenePage", "Isometric view: from the right, above and in front"), ViewIcon::Iso,
+     ViewPreset::Iso},
+};
+
+QAction* addAction(QToolBar& bar, char const* name, QString const& text, QString const& tip, ViewIcon icon)
+{
+    auto* action = bar.addAction(viewIcon(icon, bar.palette()), text);
+    action->setObjectName(name);
+    action->setToolTip(tip);
+    action->setStatusTip(tip);
+    return action;
+}
+
+template <typename Move>
+void moveCamera(C3DScene& scene, Move move)
+{
+    auto& view = scene.hostSide();
+    move(view.camera);
+    view.cameraMoved();
+}
+
+}  // namespace
+
+ScenePage::ScenePage(C3DSGManager* graph, QWidget* parent)
+    : QWidget(parent)
+    , m_scene(new C3DScene(graph))
+{
+    m_scene->setMinimumSize(160, 120);
+    m_scene->setFocusPolicy(Qt::StrongFocus);
+
+    auto* bar = new QToolBar;
+    bar->setObjectName("m_pSceneToolBar");
+    bar->setIconSize({20, 20});
+    bar->setMovable(false);
+    for (auto const& preset : presets) {
+        auto* action = addAction(*bar, preset.name, tr(preset.text), tr(preset.tip), preset.icon);
+        connect(action, &QAction::triggered, this, [this, view = preset.view] {
+            moveCamera(*m_scene, [view](hvscene::Camera& camera) { camera.setPreset(view); });
+        });
+    }
+    auto* reset = addAction(*bar, "m_pViewReset", tr("Reset"),
+                            tr("Front view with the whole scene in the window"), ViewIcon::Reset);
+    connect(reset, &QAction::triggered, this,
+            [this] { moveCamera(*m_scene, [](hvscene::Camera& camera) { camera.reset(); }); });
+    bar->addSeparator();
+    m_boundingBox = addAction(*bar, "m_pShowBoundingBox", tr("Bounding Box"), tr("Frame around the volume"),
+                              ViewIcon::BoundingBox);
+    m_axes = addAction(*bar, "m_pShowAxes", tr("Axes"), tr("Axes of orientation"), ViewIcon::Axes);
+    m_boundingBox->setCheckable(true);
+    m_axes->setCheckable(true);
+    // triggered, not toggled: apply() is no act of the user.
+    connect(m_boundingBox, &QAction::triggered, this, [this](bool on) {
+        m_scene->hostSide().showBoundingBox = on;
+        m_scene->update();
+        emit boundingBoxToggled(on);
+    });
+    connect(m_axes, &QAction::triggered, this, [this](bool on) {
+        m_scene->hostSide().showAxes = on;
+        m_scene->update();
+        emit axesToggled(on);
+    });
+
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+    layout->addWidget(bar);
+    layout->addWidget(m_scene, 1);
+    apply(S3DControls());
+}
+
+void ScenePage::apply(S3DControls const& controls)
+{
+    m_boundingBox->setChecked(controls.m_bShowBoundingBox);
+    m_axes->setChecked(controls.m_bShowAxes);
+    m_scene->hostSide().showBoundingBox = controls.m_bShowBoundingBox;
+    m_scene->hostSide().showAxes = controls.m_bShowAxes;
+    m_scene->update();
+}

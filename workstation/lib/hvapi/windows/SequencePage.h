@@ -1,0 +1,31 @@
+#pragma once
+
+#include <QWidget>
+
+class CHVSSequenceDataset;
+class QLabel;
+class QListWidget;
+
+/// The tab "Sequence View" of a sequence whose pictures cannot be shown here: says what the sequence is,
+/// where it lies and which volume it holds.
+class SequencePage : public QWidget
+{
+    Q_OBJECT
+
+public:
+    explicit SequencePage(CHVSSequenceDataset* sequence, QWidget* parent = nullptr);
+
+    /// Takes everything from the sequence anew.
+    void update(CHVSSequenceDataset* sequence);
+
+signals:
+    void openSceneClicked();
+
+private:
+    QLabel* m_name;
+    QLabel* m_kind;
+    QLabel* m_folder;
+    QLabel* m_clicks;
+    QLabel* m_volumeTitle;
+    QListWidget* m_files;
+};

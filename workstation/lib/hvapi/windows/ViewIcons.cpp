@@ -1,0 +1,77 @@
+#include "lib/hvapi/windows/ViewIcons.h"
+
+#include <QPainter>
+#include <QPixmap>
+#include <QPolygonF>
+
+namespace {
+
+constexpr int side = 20;   // logical pixels
+constexpr int detail = 3;  // device pixels each, so that scaled screens get a sharp one
+
+// A cube of 12 by 12 seen from the right and above, in the 20 by 20 picture.
+QPolygonF const front({{3, 7}, {12, 7}, {12, 17}, {3, 17}});
+QPolygonF const top({{3, 7}, {8, 3}, {17, 3}, {12, 7}});
+QPolygonF const right({{12, 7}, {17, 3}, {17, 13}, {12, 17}});
+
+void drawFace(QPainter& painter, QPolygonF const& face, bool filled, QColor const& accent)
+{
+    painter.setBrush(filled ? QBrush(accent) : QBrush(Qt::NoBrush));
+    painter.drawPolygon(face);
+}
+
+void drawAxis(QPainter& painter, QPointF const& end, QColor const& colour)
+{
+    painter.setPen(QPen(colour, 2.0, Qt::SolidLine, Qt::RoundCap));
+    painter.drawLine(QPointF(8, 12), end);
+}
+
+void draw(QPainter& painter, ViewIcon icon, QColor const& line, QColor const& accent)
+{
+    painter.setPen(QPen(line, 1.3, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    if (icon == ViewIcon::Axes) {
+        drawAxis(painter, {17, 12}, QColor(224, 82, 82));
+        drawAxis(painter, {8, 3}, QColor(92, 184, 92));
+        drawAxis(painter, {3, 17}, QColor(84, 140, 240));
+        return;
+    }
+    if (icon == ViewIcon::BoundingBox) {
+        painter.drawLine(QPointF(8, 3), QPointF(8, 13));
+        painter.drawLine(QPointF(8, 13), QPointF(3, 17));
+        painter.drawLine(QPointF(8, 13), QPointF(17, 13));
+    }
+    if (icon == ViewIcon::Reset) {
+        for (auto const& corner : {QPointF(1, 1), QPointF(19, 1), QPointF(1, 19), QPointF(19, 19)}) {
+            QPointF const inward(corner.x() < 10 ? 3 : -3, corner.y() < 10 ? 3 : -3);
+            painter.drawLine(corner, corner + QPointF(inward.x(), 0));
+            painter.drawLine(corner, corner + QPointF(0, inward.y()));
+        }
+        painter.translate(4.2, 4.2);
+        painter.scale(0.58, 0.58);
+    }
+    drawFace(painter, front, icon == ViewIcon::Front, accent);
+    drawFace(painter, top, icon == ViewIcon::Top, accent);
+    drawFace(painter, right, icon == ViewIcon::Side, accent);
+}
+
+QPixmap picture(ViewIcon icon, QColor const& line, QColor const& accent)
+{
+    QPixmap pixmap(side * detail, side * detail);
+    pixmap.fill(Qt::transparent);
+    QPainter painter(&pixmap);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.scale(detail, detail);
+    draw(painter, icon, line, accent);
+    return pixmap;
+}
+
+}  // namespace
+
+QIcon viewIcon(ViewIcon icon, QPalette const& palette)
+{
+    QIcon result(picture(icon, palette.color(QPalette::Active, QPalette::ButtonText),
+                         palette.color(QPalette::Active, QPalette::Highlight)));
+    QColor const dim = palette.color(QPalette::Disabled, QPalette::ButtonText);
+    result.addPixmap(picture(icon, dim, dim), QIcon::Disabled);
+    return result;
+}
