@@ -1,7 +1,7 @@
 #include "lib/hvapi/windows/ScenePage.h"
 
 #include "hvapi/scene/C3DScene.h"
-#include "lib/hvapi/scene/C3DViewPrivate.h"
+#include "lib/hvapi/scene/ViewControl.h"
 #include "lib/hvapi/windows/ViewIcons.h"
 
 #include <QAction>
@@ -33,21 +33,13 @@ constexpr Preset presets[] = {
      ViewPreset::Iso},
 };
 
-QAction* addAction(QToolBar& bar, char const* name, QString const& text, QString const& tip, ViewIcon icon)
+QAction* makeAction(QToolBar& bar, char const* name, QString const& text, QString const& tip, ViewIcon icon)
 {
     auto* action = bar.addAction(viewIcon(icon, bar.palette()), text);
     action->setObjectName(name);
     action->setToolTip(tip);
     action->setStatusTip(tip);
     return action;
-}
-
-template <typename Move>
-void moveCamera(C3DScene& scene, Move move)
-{
-    auto& view = scene.hostSide();
-    move(view.camera);
-    view.cameraMoved();
 }
 
 }  // namespace
@@ -64,30 +56,26 @@ ScenePage::ScenePage(C3DSGManager* graph, QWidget* parent)
     bar->setIconSize({20, 20});
     bar->setMovable(false);
     for (auto const& preset : presets) {
-        auto* action = addAction(*bar, preset.name, tr(preset.text), tr(preset.tip), preset.icon);
-        connect(action, &QAction::triggered, this, [this, view = preset.view] {
-            moveCamera(*m_scene, [view](hvscene::Camera& camera) { camera.setPreset(view); });
-        });
+        auto* action = makeAction(*bar, preset.name, tr(preset.text), tr(preset.tip), preset.icon);
+        connect(action, &QAction::triggered, this,
+                [this, view = preset.view] { ViewControl(*m_scene).setPreset(view); });
     }
-    auto* reset = addAction(*bar, "m_pViewReset", tr("Reset"),
-                            tr("Front view with the whole scene in the window"), ViewIcon::Reset);
-    connect(reset, &QAction::triggered, this,
-            [this] { moveCamera(*m_scene, [](hvscene::Camera& camera) { camera.reset(); }); });
+    auto* reset = makeAction(*bar, "m_pViewReset", tr("Reset"),
+                             tr("Front view with the whole scene in the window"), ViewIcon::Reset);
+    connect(reset, &QAction::triggered, this, [this] { ViewControl(*m_scene).reset(); });
     bar->addSeparator();
-    m_boundingBox = addAction(*bar, "m_pShowBoundingBox", tr("Bounding Box"), tr("Frame around the volume"),
-                              ViewIcon::BoundingBox);
-    m_axes = addAction(*bar, "m_pShowAxes", tr("Axes"), tr("Axes of orientation"), ViewIcon::Axes);
+    m_boundingBox = makeAction(*bar, "m_pShowBoundingBox", tr("Bounding Box"), tr("Frame around the volume"),
+                               ViewIcon::BoundingBox);
+    m_axes = makeAction(*bar, "m_pShowAxes", tr("Axes"), tr("Axes of orientation"), ViewIcon::Axes);
     m_boundingBox->setCheckable(true);
     m_axes->setCheckable(true);
     // triggered, not toggled: apply() is no act of the user.
     connect(m_boundingBox, &QAction::triggered, this, [this](bool on) {
-        m_scene->hostSide().showBoundingBox = on;
-        m_scene->update();
+        ViewControl(*m_scene).showBoundingBox(on);
         emit boundingBoxToggled(on);
     });
     connect(m_axes, &QAction::triggered, this, [this](bool on) {
-        m_scene->hostSide().showAxes = on;
-        m_scene->update();
+        ViewControl(*m_scene).showAxes(on);
         emit axesToggled(on);
     });
 
@@ -103,7 +91,6 @@ void ScenePage::apply(S3DControls const& controls)
 {
     m_boundingBox->setChecked(controls.m_bShowBoundingBox);
     m_axes->setChecked(controls.m_bShowAxes);
-    m_scene->hostSide().showBoundingBox = controls.m_bShowBoundingBox;
-    m_scene->hostSide().showAxes = controls.m_bShowAxes;
-    m_scene->update();
+    ViewControl(*m_scene).showBoundingBox(controls.m_bShowBoundingBox);
+    ViewControl(*m_scene).showAxes(controls.m_bShowAxes);
 }
