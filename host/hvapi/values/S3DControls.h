@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QMetaType>
+
 /// State of the tool buttons of a 3D view. A plug-in reads nothing of it; it may clear the measuring flag in
 /// a window's copy and hand that to CHVSChildWindow::apply3DControls.
 struct S3DControls
@@ -8,3 +10,5 @@ struct S3DControls
     bool m_bShowBoundingBox = true;  ///< frames around the objects are drawn
     bool m_bShowAxes = true;         ///< the axes of orientation are drawn
 };
+
+Q_DECLARE_METATYPE(S3DControls*)

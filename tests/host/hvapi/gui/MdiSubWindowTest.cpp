@@ -39,7 +39,8 @@ protected:
 TEST_F(MdiSubWindowTest, ContentHasTheSubWindowAsItsParent)
 {
     auto* dialog = new QDialog;
-    EXPECT_EQ(add(dialog), dialog->parentWidget());
+    auto* frame = add(dialog);
+    EXPECT_EQ(dialog->parentWidget(), frame);
 }
 
 TEST_F(MdiSubWindowTest, HidesAndShowsWithItsContentAlive)
@@ -86,6 +87,7 @@ TEST_F(MdiSubWindowTest, TellsOfItsStateAndActivation)
 {
     auto* first = add(new QDialog);
     add(new QDialog);
+    qRegisterMetaType<Qt::WindowStates>("Qt::WindowStates");
     QSignalSpy about(first, &QMdiSubWindow::aboutToActivate);
     QSignalSpy state(first, &QMdiSubWindow::windowStateChanged);
     first->showWindow();

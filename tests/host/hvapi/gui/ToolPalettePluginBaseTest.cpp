@@ -67,6 +67,8 @@ TEST(ToolPalettePluginBase, WidgetsAndValidityPassThroughTheirSlots)
 {
     Plugin plugin;
     QWidget widget;
+    QSignalSpy load(&plugin, &CHVToolPalettePluginBase::signalLoadFile);
+    EXPECT_TRUE(load.isValid());
     QSignalSpy workspace(&plugin, &CHVToolPalettePluginBase::addWidgetToWorkspace);
     QSignalSpy validity(&plugin, &CHVToolPalettePluginBase::updatePluginValidity);
     plugin.onSignalAddWidgetToWorkspace(&widget);

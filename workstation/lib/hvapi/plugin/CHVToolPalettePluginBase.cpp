@@ -1,8 +1,14 @@
 #include "hvapi/plugin/CHVToolPalettePluginBase.h"
 
+Q_DECLARE_METATYPE(tag_estatus*)
+
 CHVToolPalettePluginBase::CHVToolPalettePluginBase(QObject* parent)
     : QObject(parent)
-{}
+{
+    // Known by name, so that spies may look into the signals.
+    qRegisterMetaType<tag_estatus*>("tag_estatus*");
+    qRegisterMetaType<downloaded_save_data*>("downloaded_save_data*");
+}
 
 CHVToolPalettePluginBase::~CHVToolPalettePluginBase() = default;
 

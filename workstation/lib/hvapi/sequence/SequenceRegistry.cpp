@@ -33,6 +33,9 @@ std::unique_ptr<CHVSDataset> makeDataset(QString const& clickNumber, CHVSSequenc
 
 SequenceRegistry::SequenceRegistry()
 {
+    // Known by name, so that string connections may be queued and spies may look into them.
+    qRegisterMetaType<CHVSSequenceDataset*>();
+    qRegisterMetaType<CHVSDataset*>();
     // Scene graphs must go before the driver does, whatever the application leaves open.
     qAddPostRoutine([] { instance().clear(); });
 }

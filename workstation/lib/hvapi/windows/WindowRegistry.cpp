@@ -1,5 +1,14 @@
 #include "lib/hvapi/windows/WindowRegistry.h"
 
+#include "hvapi/windows/CHVSSequenceWindow.h"
+
+WindowRegistry::WindowRegistry()
+{
+    qRegisterMetaType<CHVSChildWindow*>();
+    qRegisterMetaType<CHVSSequenceWindow*>();
+    qRegisterMetaType<S3DControls*>("S3DControls*");
+}
+
 WindowRegistry& WindowRegistry::instance()
 {
     static WindowRegistry registry;

@@ -41,7 +41,7 @@ signals:
     void view3DChanged(CHVSSequenceWindow* window, bool bClearAnalysisResults);
 
 private:
-    WindowRegistry() = default;
+    WindowRegistry();
 
     CHVSChildWindow* m_active = nullptr;
     QList<CHVSChildWindow*> m_windows;
