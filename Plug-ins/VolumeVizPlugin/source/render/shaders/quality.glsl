@@ -1,0 +1,5 @@
+#define BESTQUALITY
+
+uniform bool bMedianFilterDenoise;
+uniform bool bFilterDenoiseGradient;
+uniform float gradientsmooththreshold;
