@@ -13,12 +13,14 @@ public:
     GlStateScope& operator=(const GlStateScope&) = delete;
 };
 
-/// Keeps the modelview matrix for the life of the object. Leaves `GL_MODELVIEW` as the matrix mode.
+/// Keeps the modelview matrix and the matrix mode for the life of the object, during which the modelview matrix
+/// is the current one.
 class GlModelviewScope
 {
 public:
     GlModelviewScope()
     {
+        glGetIntegerv(GL_MATRIX_MODE, &m_mode);
         glMatrixMode(GL_MODELVIEW);
         glPushMatrix();
     }
@@ -26,9 +28,13 @@ public:
     {
         glMatrixMode(GL_MODELVIEW);
         glPopMatrix();
+        glMatrixMode(static_cast<GLenum>(m_mode));
     }
     GlModelviewScope(const GlModelviewScope&) = delete;
     GlModelviewScope& operator=(const GlModelviewScope&) = delete;
+
+private:
+    GLint m_mode = GL_MODELVIEW;
 };
 
 /// Sets the row alignment for uploads from client memory (`GL_UNPACK_ALIGNMENT`) and puts the caller's back.
