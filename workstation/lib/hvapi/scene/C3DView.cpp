@@ -103,6 +103,7 @@ void C3DView::renderDecorations() {}
 
 void C3DView::mousePressEvent(QMouseEvent* event)
 {
+    if (d->drag != Private::Drag::None && !(event->buttons() & d->dragButton)) d->endDrag();
     const Private::Drag drag = d->drag == Private::Drag::None ? d->dragOf(*event) : Private::Drag::None;
     if (drag == Private::Drag::None) {
         event->ignore();
@@ -112,6 +113,7 @@ void C3DView::mousePressEvent(QMouseEvent* event)
     d->dragButton = event->button();
     d->dragMoved = false;
     d->lastPosition = event->pos();
+    setMouseTracking(true);  // so that a release which went elsewhere is noticed
 }
 
 void C3DView::mouseMoveEvent(QMouseEvent* event)
@@ -214,6 +216,7 @@ void C3DView::Private::endDrag()
     drag = Drag::None;
     dragButton = Qt::NoButton;
     dragMoved = false;
+    q.setMouseTracking(false);
     updateFastMode();
 }
 
@@ -240,9 +243,11 @@ hvscene::Box C3DView::Private::currentSceneBox() const
 void C3DView::Private::takeScene(bool fitAnew)
 {
     const hvscene::Box scene = currentSceneBox();
-    if (scene == knownScene) return;
+    const bool fit = fitAnew && scene != fittedScene;
+    if (scene == knownScene && !fit) return;
     knownScene = scene;
-    camera.setScene(scene, fitAnew);
+    if (fit) fittedScene = scene;
+    camera.setScene(scene, fit);
     emit q.cameraChanged();
 }
 

@@ -38,7 +38,8 @@ struct C3DView::Private
     C3DView& q;
     QPointer<C3DSGManager> manager;
     hvscene::Camera camera;
-    hvscene::Box knownScene;
+    hvscene::Box knownScene;   ///< what the camera was told last
+    hvscene::Box fittedScene;  ///< what updateScene took into view last
     hvscene::OrientationAxes axes;
     CameraTool tool = NoCameraTool;
     Drag drag = Drag::None;

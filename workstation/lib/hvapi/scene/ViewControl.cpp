@@ -61,7 +61,14 @@ bool ViewControl::isScaleBarShown() const
 
 QImage ViewControl::picture(QSize pixels)
 {
-    if (pixels.isEmpty()) return QImage();
+    if (pixels.isEmpty() || m_view.hostSide().painting) return QImage();
+    if (!m_view.isValid()) {
+        // A view that was never shown gets its context with the first frame that is asked of it. An empty one
+        // will do.
+        m_view.hostSide().painting = true;
+        m_view.grabFramebuffer();
+        m_view.hostSide().painting = false;
+    }
     m_view.makeCurrent();
     QOpenGLContext* context = QOpenGLContext::currentContext();
     if (!context || context != m_view.context()) return QImage();
