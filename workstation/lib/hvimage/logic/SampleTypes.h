@@ -3,6 +3,7 @@
 #include "hvimage/HVSDataTypes.h"
 
 #include <cstdint>
+#include <limits>
 #include <type_traits>
 
 namespace hvimage {
@@ -51,6 +52,23 @@ bool requiredBytes(HVSDataTypes type, long width, long height, std::uint64_t& by
 // A number as a sample: integer types take the nearest value that they can hold, halves upwards, and 0 for no
 // number.
 template <class T>
-T toSample(double value);
+T toSample(double value)
+{
+    using Limits = std::numeric_limits<T>;
+    if constexpr (std::is_same_v<T, double>) {
+        return value;
+    } else if constexpr (std::is_same_v<T, float>) {
+        // A conversion out of float's range is undefined; infinity is what is meant.
+        if (value > static_cast<double>(Limits::max())) return Limits::infinity();
+        return value < static_cast<double>(Limits::lowest()) ? -Limits::infinity() : static_cast<T>(value);
+    } else {
+        if (value <= static_cast<double>(Limits::min())) return Limits::min();
+        if (value >= static_cast<double>(Limits::max())) return Limits::max();
+        if (!(value == value)) return 0;
+        auto below = static_cast<std::int64_t>(value);
+        if (static_cast<double>(below) > value) --below;
+        return static_cast<T>(value - static_cast<double>(below) >= 0.5 ? below + 1 : below);
+    }
+}
 
 }  // namespace hvimage
