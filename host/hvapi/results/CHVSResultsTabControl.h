@@ -31,15 +31,16 @@ public:
 
     /// Refills the list from the sequence's database and sets the buttons. The entry "(new)" is offered, as
     /// the first one, when results can be saved: when the sequence exists and the modified flag is set. The
-    /// entry shown before stays when it is still there. With nothing to offer the list shows "<< No Data
-    /// available >>". No signal of the combo box is emitted.
+    /// entry shown before stays when it is still there, and so does a name that the user has typed for the
+    /// same sequence. With nothing to offer the list shows "<< No Data available >>". No signal of the combo
+    /// box is emitted.
     void updateSavedResultsForSelSeqId(QString sequenceId);
 
     /// The unsaved-work flag of the visible sequence. Setting it does not refill the list.
     void setResultModifiedFlag(bool modified);
     bool getResultModifiedFlag();
 
-    /// Enables or disables the buttons, until the next refill.
+    /// Enables or disables the buttons, until the list is refilled or shows another entry.
     void setStatusOfButtons(bool deleteEnabled, bool loadEnabled, bool saveEnabled);
 
     /// Names of the saved results that the list offers, "(new)" not among them.

@@ -92,6 +92,28 @@ TEST_F(ResultsTabControlTest, RefillingIsNoAct)
     EXPECT_EQ(edited.size(), 0);
 }
 
+TEST_F(ResultsTabControlTest, NameBeingTypedSurvivesARefillOfTheSameSequence)
+{
+    SequenceRegistry::instance().add(scene("other"));
+    control.setResultModifiedFlag(true);
+    control.updateSavedResultsForSelSeqId("seq");
+    names.setEditText("before treatment");
+    control.updateSavedResultsForSelSeqId("SEQ");
+    EXPECT_EQ(names.currentText(), "before treatment");
+    EXPECT_TRUE(saveButton.isEnabled());
+    control.updateSavedResultsForSelSeqId("other");
+    EXPECT_EQ(names.currentText(), "(new)");
+}
+
+TEST_F(ResultsTabControlTest, EmptiedTextGivesWayToTheList)
+{
+    control.setResultModifiedFlag(true);
+    control.updateSavedResultsForSelSeqId("seq");
+    names.setEditText("  ");
+    control.updateSavedResultsForSelSeqId("seq");
+    EXPECT_EQ(names.currentText(), "(new)");
+}
+
 TEST_F(ResultsTabControlTest, ButtonsCanBeSetByHand)
 {
     control.setStatusOfButtons(true, false, true);

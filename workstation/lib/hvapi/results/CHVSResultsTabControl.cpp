@@ -37,22 +37,33 @@ struct CHVSResultsTabControl::Private
     QString settingFile;
     QStringList savedNames;
     bool modified = false;
+    QString sequenceId;
     bool sequenceExists = false;
 
     bool canSave() const { return sequenceExists && modified; }
 
-    void refill()
+    /// A name that the user is typing for a result to come.
+    bool isTyped(QString const& text) const
+    {
+        return names->isEditable() && !text.trimmed().isEmpty() && text != nothingToOffer() &&
+               names->findText(text, Qt::MatchFixedString | Qt::MatchCaseSensitive) < 0;
+    }
+
+    void refill(bool sameSequence)
     {
         if (!names) return;
         QSignalBlocker const blocker(names);
         QString const shown = names->currentText();
+        bool const keepsText = sameSequence && isTyped(shown);
         names->clear();
         if (canSave()) names->addItem(newEntry());
         names->addItems(savedNames);
         if (names->count() == 0) {
             names->setEditText(nothingToOffer());
         } else {
-            names->setCurrentIndex(qMax(0, names->findText(shown)));
+            int const place = names->findText(shown, Qt::MatchFixedString | Qt::MatchCaseSensitive);
+            names->setCurrentIndex(qMax(0, place));
+            if (keepsText) names->setEditText(shown);
         }
     }
 
@@ -76,6 +87,7 @@ CHVSResultsTabControl::CHVSResultsTabControl(QWidget* parent, QComboBox* names, 
     d->saveButton = saveButton;
     if (names) {
         connect(names, qOverload<int>(&QComboBox::currentIndexChanged), this, [this] { d->updateButtons(); });
+        connect(names, &QComboBox::editTextChanged, this, [this] { d->updateButtons(); });
     }
 }
 
@@ -95,7 +107,9 @@ void CHVSResultsTabControl::setSettingFileName(QString relativePath)
 void CHVSResultsTabControl::updateSavedResultsForSelSeqId(QString sequenceId)
 {
     d->sequenceExists = CHVSSequenceDataset::getSequenceDataset(sequenceId) != nullptr;
-    d->refill();
+    bool const sameSequence = sequenceId.compare(d->sequenceId, Qt::CaseInsensitive) == 0;
+    d->sequenceId = sequenceId;
+    d->refill(sameSequence);
     d->updateButtons();
 }
 

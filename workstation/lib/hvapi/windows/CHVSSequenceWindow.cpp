@@ -2,6 +2,8 @@
 
 #include "hvapi/scene/C3DScene.h"
 #include "hvapi/sequence/CHVSSequenceDataset.h"
+#include "hvutils/CHVPreference.h"
+#include "hvutils/CHVPreferenceSignalHandler.h"
 #include "lib/hvapi/sequence/SequenceRegistry.h"
 #include "lib/hvapi/windows/ScenePage.h"
 #include "lib/hvapi/windows/SequencePage.h"
@@ -52,6 +54,8 @@ CHVSSequenceWindow::CHVSSequenceWindow(CHVSSequenceDataset* sequence, QWidget* p
             [this](CHVSSequenceDataset* changed) {
                 if (changed == d->sequence) updateSequenceView();
             });
+    connect(CHVPreference::getSignalHandler(), &CHVPreferenceSignalHandler::updatePreferenceSetting, this,
+            &CHVSSequenceWindow::onSignalUpdatePreference);
     if (sequence->is3DSceneOnlySequence()) prepare3DView();
 }
 
@@ -110,7 +114,7 @@ void CHVSSequenceWindow::init3DMeasurementValues()
 void CHVSSequenceWindow::updateSequenceView()
 {
     setWindowTitle(d->sequence->getSequenceID());
-    d->sequencePage->update(d->sequence);
+    d->sequencePage->display(d->sequence);
 }
 
 bool CHVSSequenceWindow::isSequenceWindow()

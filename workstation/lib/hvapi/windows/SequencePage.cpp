@@ -87,8 +87,9 @@ SequencePage::SequencePage(CHVSSequenceDataset* sequence, QWidget* parent)
     column->addLayout(facts);
     column->addSpacing(8);
     column->addWidget(m_volumeTitle);
-    column->addWidget(m_files, 1);
+    column->addWidget(m_files, 100);
     column->addWidget(openScene, 0, Qt::AlignLeft);
+    column->addStretch(1);
 
     auto* card = new QWidget;
     card->setMaximumWidth(640);
@@ -98,10 +99,10 @@ SequencePage::SequencePage(CHVSSequenceDataset* sequence, QWidget* parent)
     page->setContentsMargins(28, 24, 28, 24);
     page->addWidget(card, 1);
     page->addStretch(0);
-    update(sequence);
+    display(sequence);
 }
 
-void SequencePage::update(CHVSSequenceDataset* sequence)
+void SequencePage::display(CHVSSequenceDataset* sequence)
 {
     auto& registry = SequenceRegistry::instance();
     auto const description = registry.description(sequence);
@@ -113,8 +114,9 @@ void SequencePage::update(CHVSSequenceDataset* sequence)
     m_clicks->setText(description.clickNumbers.isEmpty()
                           ? tr("None")
                           : description.clickNumbers.join(QStringLiteral(", ")));
-    m_volumeTitle->setText(files.isEmpty() ? tr("No volume is loaded.")
-                                           : tr("Loaded volume, %n file(s)", nullptr, files.size()));
+    m_volumeTitle->setText(files.isEmpty()     ? tr("No volume is loaded.")
+                           : files.size() == 1 ? tr("Loaded volume: one file")
+                                               : tr("Loaded volume: %1 files").arg(files.size()));
     m_files->clear();
     m_files->setVisible(!files.isEmpty());
     for (auto const& file : files) {

@@ -16,7 +16,7 @@ public:
     explicit SequencePage(CHVSSequenceDataset* sequence, QWidget* parent = nullptr);
 
     /// Takes everything from the sequence anew.
-    void update(CHVSSequenceDataset* sequence);
+    void display(CHVSSequenceDataset* sequence);
 
 signals:
     void openSceneClicked();
