@@ -14,6 +14,12 @@ QOpenGLFunctions& functions()
     return *QOpenGLContext::currentContext()->functions();
 }
 
+/// Drivers below OpenGL 2.0 have no programs; the decorations are drawn there all the same.
+bool hasPrograms()
+{
+    return functions().hasOpenGLFeature(QOpenGLFunctions::Shaders);
+}
+
 void beginPixelSpace(double width, double height)
 {
     glMatrixMode(GL_PROJECTION);
@@ -27,7 +33,7 @@ void beginPixelSpace(double width, double height)
 
 AttributeScope::AttributeScope()
 {
-    functions().glGetIntegerv(GL_CURRENT_PROGRAM, &m_program);
+    if (hasPrograms()) functions().glGetIntegerv(GL_CURRENT_PROGRAM, &m_program);
     glPushAttrib(GL_ALL_ATTRIB_BITS);
     glPushClientAttrib(GL_CLIENT_PIXEL_STORE_BIT);
 }
@@ -36,7 +42,7 @@ AttributeScope::~AttributeScope()
 {
     glPopClientAttrib();
     glPopAttrib();
-    functions().glUseProgram(static_cast<GLuint>(m_program));
+    if (hasPrograms()) functions().glUseProgram(static_cast<GLuint>(m_program));
 }
 
 MatrixScope::MatrixScope()
@@ -58,14 +64,14 @@ MatrixScope::~MatrixScope()
 void resetViewState(int width, int height)
 {
     QOpenGLFunctions& f = functions();
-    f.glUseProgram(0);
-    f.glActiveTexture(GL_TEXTURE0);
+    if (hasPrograms()) f.glUseProgram(0);
+    if (f.hasOpenGLFeature(QOpenGLFunctions::Multitexture)) f.glActiveTexture(GL_TEXTURE0);
     for (const GLenum state :
          {GL_LIGHTING, GL_TEXTURE_1D, GL_TEXTURE_2D, GL_TEXTURE_3D, GL_BLEND, GL_CULL_FACE, GL_SCISSOR_TEST,
           GL_STENCIL_TEST, GL_ALPHA_TEST, GL_FOG, GL_COLOR_LOGIC_OP, GL_CLIP_PLANE0, GL_CLIP_PLANE1,
           GL_CLIP_PLANE2, GL_CLIP_PLANE3, GL_CLIP_PLANE4, GL_CLIP_PLANE5})
         glDisable(state);
-    f.glBlendEquation(GL_FUNC_ADD);
+    if (f.hasOpenGLFeature(QOpenGLFunctions::BlendEquation)) f.glBlendEquation(GL_FUNC_ADD);
     glColorMask(GL_TRUE, GL_TRUE, GL_TRUE, GL_TRUE);
     glDepthMask(GL_TRUE);
     glDepthRange(0.0, 1.0);
