@@ -1,0 +1,24 @@
+#pragma once
+
+#include <QString>
+
+class QApplication;
+
+/// What must be settled before the first window, in two halves round the application object.
+namespace StartUp {
+
+/// Sharing of GL objects between all views, the surface format, the window system, the names of the program.
+void beforeApplication();
+
+/// Numbers are read and written with a point, whatever the user's language; the program's looks.
+void afterApplication(QApplication& application);
+
+/// Sends what Qt and libraries that speak through it have to say into the session's log. Fatal messages still reach
+/// the terminal.
+void routeQtMessages();
+
+/// Reason why no window can be shown, for the user; empty when one can be. To be asked before the application object:
+/// Qt ends the program when it finds no display.
+QString missingDisplay();
+
+} // namespace StartUp
