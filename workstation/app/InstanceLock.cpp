@@ -15,33 +15,32 @@ const QString& lockName()
 std::unique_ptr<QLockFile> lockOf(const QString& folder)
 {
     auto lock = std::make_unique<QLockFile>(folder + QLatin1Char('/') + lockName());
-    lock->setStaleLockTime(0); // a lock is stale when its process is gone, not when it is old
+    lock->setStaleLockTime(0);  // a lock is stale when its process is gone, not when it is old
     return lock;
 }
 
 /// Snapshot folders whose program did not live to remove them.
 void removeAbandoned(const QString& parent)
 {
-    const QStringList names = QDir(parent).entryList({QStringLiteral("snapshot-*")}, QDir::Dirs | QDir::NoSymLinks);
+    const QStringList names =
+        QDir(parent).entryList({QStringLiteral("snapshot-*")}, QDir::Dirs | QDir::NoSymLinks);
     for (const QString& name : names) {
         const QString folder = parent + QLatin1Char('/') + name;
         const std::unique_ptr<QLockFile> lock = lockOf(folder);
-        if (!lock->tryLock(0))
-            continue;
+        if (!lock->tryLock(0)) continue;
         lock->unlock();
         QDir(folder).removeRecursively();
     }
 }
 
-} // namespace
+}  // namespace
 
 InstanceLock::InstanceLock() = default;
 
 InstanceLock::~InstanceLock()
 {
     m_lock.reset();
-    if (!m_ownFolder.isEmpty())
-        QDir(m_ownFolder).removeRecursively();
+    if (!m_ownFolder.isEmpty()) QDir(m_ownFolder).removeRecursively();
 }
 
 bool InstanceLock::take(const QString& folder)
@@ -51,14 +50,15 @@ bool InstanceLock::take(const QString& folder)
         return false;
     }
     m_lock = lockOf(folder);
-    if (m_lock->tryLock(0))
-        return true;
+    if (m_lock->tryLock(0)) return true;
     if (m_lock->error() == QLockFile::LockFailedError) {
         qint64 process = 0;
         QString host;
         QString program;
         m_lock->getLockInfo(&process, &host, &program);
-        m_reason = QStringLiteral("Halvane is running already (process %1) and works in '%2'").arg(process).arg(folder);
+        m_reason = QStringLiteral("Halvane is running already (process %1) and works in '%2'")
+                       .arg(process)
+                       .arg(folder);
     } else {
         m_reason = QStringLiteral("the data folder '%1' can't be written").arg(folder);
     }
@@ -71,8 +71,7 @@ QString InstanceLock::takeOwnFolder(const QString& parent)
     removeAbandoned(parent);
     const QString folder =
         QStringLiteral("%1/snapshot-%2").arg(parent).arg(QCoreApplication::applicationPid());
-    if (!take(folder))
-        return {};
+    if (!take(folder)) return {};
     m_ownFolder = folder;
     return folder;
 }

@@ -13,12 +13,12 @@ public:
     InstanceLock();
     ~InstanceLock();
 
-    /// Takes the folder, which is created if missing. False with `reason()` when it can't be written or another living
-    /// program holds it. What a killed program left does not count.
+    /// Takes the folder, which is created if missing. False with `reason()` when it can't be written or
+    /// another living program holds it. What a killed program left does not count.
     bool take(const QString& folder);
 
-    /// Makes and takes a folder of this process's own under `parent`; it is removed with this object. Folders of
-    /// programs that died are removed on the way. Empty with `reason()` on failure.
+    /// Makes and takes a folder of this process's own under `parent`; it is removed with this object. Folders
+    /// of programs that died are removed on the way. Empty with `reason()` on failure.
     QString takeOwnFolder(const QString& parent);
 
     const QString& reason() const { return m_reason; }

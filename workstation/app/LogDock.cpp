@@ -21,7 +21,12 @@ namespace {
 class SeverityFilter : public QSortFilterProxyModel
 {
 public:
-    enum Choice { Everything, WarningsAndErrors, ErrorsOnly };
+    enum Choice
+    {
+        Everything,
+        WarningsAndErrors,
+        ErrorsOnly
+    };
 
     using QSortFilterProxyModel::QSortFilterProxyModel;
 
@@ -60,11 +65,14 @@ QToolButton* barButton(Icons::Shape shape, const QString& text, const QString& n
     return button;
 }
 
-} // namespace
+}  // namespace
 
 LogDock::LogDock(LogModel& model, QWidget* parent)
-    : QDockWidget(QStringLiteral("Log"), parent), m_model(model), m_pFilter(new SeverityFilter(this)),
-      m_pView(new QTreeView), m_pChoice(new QComboBox)
+    : QDockWidget(QStringLiteral("Log"), parent)
+    , m_model(model)
+    , m_pFilter(new SeverityFilter(this))
+    , m_pView(new QTreeView)
+    , m_pChoice(new QComboBox)
 {
     setObjectName(QStringLiteral("LogDock"));
     setAllowedAreas(Qt::BottomDockWidgetArea | Qt::TopDockWidgetArea);
@@ -82,11 +90,12 @@ LogDock::LogDock(LogModel& model, QWidget* parent)
     m_pView->setColumnWidth(LogModel::KindColumn, 120);
 
     m_pChoice->setObjectName(QStringLiteral("LogChoice"));
-    m_pChoice->addItems({QStringLiteral("Everything"), QStringLiteral("Warnings and errors"),
-                         QStringLiteral("Errors")});
+    m_pChoice->addItems(
+        {QStringLiteral("Everything"), QStringLiteral("Warnings and errors"), QStringLiteral("Errors")});
     auto* copy = barButton(Icons::Shape::Copy, QStringLiteral("Copy the selected entries, or all"),
                            QStringLiteral("LogCopy"));
-    auto* clear = barButton(Icons::Shape::Clear, QStringLiteral("Clear the list"), QStringLiteral("LogClear"));
+    auto* clear =
+        barButton(Icons::Shape::Clear, QStringLiteral("Clear the list"), QStringLiteral("LogClear"));
 
     auto* bar = new QHBoxLayout;
     bar->setContentsMargins(8, 4, 4, 4);
@@ -138,6 +147,5 @@ void LogDock::copySelection() const
 
 void LogDock::keepNewestInSight()
 {
-    if (m_atEnd)
-        m_pView->scrollToBottom();
+    if (m_atEnd) m_pView->scrollToBottom();
 }

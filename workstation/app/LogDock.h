@@ -7,8 +7,8 @@ class QComboBox;
 class QSortFilterProxyModel;
 class QTreeView;
 
-/// The session's log beside the workspace: every severity with its icon, word and colour; a choice of what is shown;
-/// buttons to copy and to clear. Follows the newest entry unless the user has scrolled up.
+/// The session's log beside the workspace: every severity with its icon, word and colour; a choice of what is
+/// shown; buttons to copy and to clear. Follows the newest entry unless the user has scrolled up.
 class LogDock : public QDockWidget
 {
     Q_OBJECT

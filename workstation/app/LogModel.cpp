@@ -37,7 +37,7 @@ QColor severityColour(long severity)
     }
 }
 
-} // namespace
+}  // namespace
 
 QString severityName(long severity)
 {
@@ -58,11 +58,14 @@ QString formatLogLine(const LogEntry& entry)
     QString message = entry.message.trimmed();
     message.replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
     message.replace(QLatin1Char('\n'), QStringLiteral(" / "));
-    return QStringLiteral("%1  %2  %3").arg(entry.time.toString(QStringLiteral("yyyy-MM-dd hh:mm:ss.zzz")),
-                                            severityName(entry.severity).leftJustified(11), message);
+    return QStringLiteral("%1  %2  %3")
+        .arg(entry.time.toString(QStringLiteral("yyyy-MM-dd hh:mm:ss.zzz")),
+             severityName(entry.severity).leftJustified(11), message);
 }
 
-LogModel::LogModel(QObject* parent) : QAbstractTableModel(parent) {}
+LogModel::LogModel(QObject* parent)
+    : QAbstractTableModel(parent)
+{}
 
 int LogModel::rowCount(const QModelIndex& parent) const
 {
@@ -76,15 +79,12 @@ int LogModel::columnCount(const QModelIndex& parent) const
 
 QVariant LogModel::data(const QModelIndex& index, int role) const
 {
-    if (!index.isValid() || index.row() >= rowCount())
-        return {};
+    if (!index.isValid() || index.row() >= rowCount()) return {};
     const LogEntry& logged = entry(index.row());
     switch (role) {
     case Qt::DisplayRole:
-        if (index.column() == TimeColumn)
-            return logged.time.toString(QStringLiteral("hh:mm:ss"));
-        if (index.column() == KindColumn)
-            return severityName(logged.severity);
+        if (index.column() == TimeColumn) return logged.time.toString(QStringLiteral("hh:mm:ss"));
+        if (index.column() == KindColumn) return severityName(logged.severity);
         return QString(logged.message).replace(QLatin1Char('\n'), QLatin1Char(' '));
     case Qt::ToolTipRole:
         return index.column() == MessageColumn ? logged.message : QVariant();
@@ -101,8 +101,7 @@ QVariant LogModel::data(const QModelIndex& index, int role) const
 
 QVariant LogModel::headerData(int section, Qt::Orientation orientation, int role) const
 {
-    if (orientation != Qt::Horizontal || role != Qt::DisplayRole)
-        return {};
+    if (orientation != Qt::Horizontal || role != Qt::DisplayRole) return {};
     switch (section) {
     case TimeColumn:
         return QStringLiteral("Time");

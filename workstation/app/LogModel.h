@@ -7,9 +7,10 @@
 #include <deque>
 
 /// One entry of the session's log.
-struct LogEntry {
+struct LogEntry
+{
     QDateTime time;
-    long severity = 1; ///< 1 information, 2 warning, 3 error, 16 status line
+    long severity = 1;  ///< 1 information, 2 warning, 3 error, 16 status line
     QString message;
 };
 
@@ -17,8 +18,8 @@ struct LogEntry {
 /// A number that is none of the four counts as information.
 QString severityName(long severity);
 
-/// "2024-05-03 14:03:07.250  Warning      text": one line of a log file, without its end. Line breaks in the message
-/// become " / ", so that an entry stays one line.
+/// "2024-05-03 14:03:07.250  Warning      text": one line of a log file, without its end. Line breaks in the
+/// message become " / ", so that an entry stays one line.
 QString formatLogLine(const LogEntry& entry);
 
 /// The log as a table of time, kind and message, oldest first. Keeps the newest 20000 entries.
@@ -27,8 +28,17 @@ class LogModel : public QAbstractTableModel
     Q_OBJECT
 
 public:
-    enum Column { TimeColumn, KindColumn, MessageColumn, ColumnCount };
-    enum Role { SeverityRole = Qt::UserRole };
+    enum Column
+    {
+        TimeColumn,
+        KindColumn,
+        MessageColumn,
+        ColumnCount
+    };
+    enum Role
+    {
+        SeverityRole = Qt::UserRole
+    };
     static constexpr int capacity = 20000;
 
     explicit LogModel(QObject* parent = nullptr);

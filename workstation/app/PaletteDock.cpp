@@ -13,9 +13,10 @@ namespace {
 /// Width of a palette, its margins and the scroll bar that a low screen needs.
 constexpr int usualWidth = 352;
 
-} // namespace
+}  // namespace
 
-PaletteDock::PaletteDock(QWidget* parent) : QDockWidget(QStringLiteral("Tools"), parent)
+PaletteDock::PaletteDock(QWidget* parent)
+    : QDockWidget(QStringLiteral("Tools"), parent)
 {
     setObjectName(QStringLiteral("PaletteDock"));
     setAllowedAreas(Qt::LeftDockWidgetArea | Qt::RightDockWidgetArea);
@@ -49,8 +50,9 @@ void PaletteDock::addPalette(QWidget* palette, const QString& name, int rank, bo
     font.setBold(true);
     heading->setFont(font);
 
-    const auto place = std::upper_bound(m_sections.begin(), m_sections.end(), rank,
-                                        [](int value, const Section& section) { return value < section.rank; });
+    const auto place =
+        std::upper_bound(m_sections.begin(), m_sections.end(), rank,
+                         [](int value, const Section& section) { return value < section.rank; });
     const int row = 2 * static_cast<int>(place - m_sections.begin());
     const Section section = *m_sections.insert(place, Section{palette, heading, name, rank});
     m_pColumn->insertWidget(row, heading);
@@ -66,8 +68,7 @@ void PaletteDock::addPalette(QWidget* palette, const QString& name, int rank, bo
 void PaletteDock::setValidity(QWidget* palette, bool valid)
 {
     for (const Section& section : m_sections) {
-        if (section.palette != palette)
-            continue;
+        if (section.palette != palette) continue;
         palette->setEnabled(valid);
         section.heading->setEnabled(valid);
         section.heading->setToolTip(valid ? QString() : QStringLiteral("Not for the window in front"));
@@ -86,8 +87,7 @@ void PaletteDock::forget(QObject* palette)
 {
     const auto gone = std::find_if(m_sections.begin(), m_sections.end(),
                                    [palette](const Section& section) { return section.palette == palette; });
-    if (gone == m_sections.end())
-        return;
+    if (gone == m_sections.end()) return;
     delete gone->heading;
     m_sections.erase(gone);
 }

@@ -7,8 +7,9 @@
 class QToolButton;
 class QVBoxLayout;
 
-/// The tool list beside the workspace: each plug-in's palette under a heading, in the order of their ranks. A heading
-/// folds its palette away. A palette that does not fit the window in front is disabled, heading and all.
+/// The tool list beside the workspace: each plug-in's palette under a heading, in the order of their ranks. A
+/// heading folds its palette away. A palette that does not fit the window in front is disabled, heading and
+/// all.
 class PaletteDock : public QDockWidget
 {
     Q_OBJECT
@@ -16,8 +17,8 @@ class PaletteDock : public QDockWidget
 public:
     explicit PaletteDock(QWidget* parent = nullptr);
 
-    /// Takes a palette in, disabled. It stays its plug-in's; a palette that goes takes its heading along. Equal ranks
-    /// stand in the order in which they came.
+    /// Takes a palette in, disabled. It stays its plug-in's; a palette that goes takes its heading along.
+    /// Equal ranks stand in the order in which they came.
     void addPalette(QWidget* palette, const QString& name, int rank, bool open);
 
     /// Enables or disables a palette. One that is not in the dock is no concern of it.
@@ -27,7 +28,8 @@ public:
     QStringList paletteNames() const;
 
 private:
-    struct Section {
+    struct Section
+    {
         QWidget* palette;
         QToolButton* heading;
         QString name;

@@ -21,12 +21,15 @@ void logText(const QString& text, long severity)
 
 void logSkipped(const QString& file, const QString& reason)
 {
-    logText(QStringLiteral("Plug-in '%1' is left out: %2").arg(QFileInfo(file).fileName(), reason), CHVSLog::eWarning);
+    logText(QStringLiteral("Plug-in '%1' is left out: %2").arg(QFileInfo(file).fileName(), reason),
+            CHVSLog::eWarning);
 }
 
-} // namespace
+}  // namespace
 
-PluginLoader::PluginLoader(QObject* parent) : QObject(parent) {}
+PluginLoader::PluginLoader(QObject* parent)
+    : QObject(parent)
+{}
 
 PluginLoader::~PluginLoader()
 {
@@ -36,8 +39,7 @@ PluginLoader::~PluginLoader()
 QStringList PluginLoader::searchPath()
 {
     const QString chosen = qEnvironmentVariable("HALVANE_PLUGIN_PATH");
-    if (!chosen.isEmpty())
-        return chosen.split(QDir::listSeparator(), Qt::SkipEmptyParts);
+    if (!chosen.isEmpty()) return chosen.split(QDir::listSeparator(), Qt::SkipEmptyParts);
     return {QDir::cleanPath(QCoreApplication::applicationDirPath() + QStringLiteral("/../plugins"))};
 }
 
@@ -56,10 +58,10 @@ void PluginLoader::load(const QStringList& folders)
                 continue;
             }
             try {
-                if (!start(library))
-                    library.unload();
+                if (!start(library)) library.unload();
             } catch (const std::exception& failure) {
-                logSkipped(file, QStringLiteral("it failed at its start (%1).").arg(QString::fromLocal8Bit(failure.what())));
+                logSkipped(file, QStringLiteral("it failed at its start (%1).")
+                                     .arg(QString::fromLocal8Bit(failure.what())));
             } catch (...) {
                 logSkipped(file, QStringLiteral("it failed at its start."));
             }

@@ -16,11 +16,12 @@ class QPluginLoader;
 struct downloaded_save_data;
 
 /// A plug-in that is ready for work.
-struct LoadedPlugin {
-    QString file; ///< absolute path of its library
+struct LoadedPlugin
+{
+    QString file;  ///< absolute path of its library
     QString name;
     int rank = 0;
-    CHVToolPalettePluginBase* instance = nullptr; ///< owned by the loader
+    CHVToolPalettePluginBase* instance = nullptr;  ///< owned by the loader
 };
 
 /// Finds and starts the tool-palette plug-ins, and passes on what they ask of the application.
@@ -32,7 +33,8 @@ class PluginLoader : public QObject
 
 public:
     explicit PluginLoader(QObject* parent = nullptr);
-    /// Ends the plug-ins, the last one first. Their libraries stay in memory, since Qt may still know types of theirs.
+    /// Ends the plug-ins, the last one first. Their libraries stay in memory, since Qt may still know types
+    /// of theirs.
     ~PluginLoader() override;
 
     /// The folders of HALVANE_PLUGIN_PATH, or else "plugins" beside the folder of the program.

@@ -19,18 +19,19 @@ void toLog(QtMsgType type, const QMessageLogContext& context, const QString& mes
     // a warning that comes out of the log itself must not go round in circles
     thread_local bool busy = false;
     if (type == QtFatalMsg || busy) {
-        if (g_terminal)
-            g_terminal(type, context, message);
+        if (g_terminal) g_terminal(type, context, message);
         return;
     }
     busy = true;
     const bool isGrave = type == QtCriticalMsg;
-    const long severity = isGrave ? CHVSLog::eError : type == QtWarningMsg ? CHVSLog::eWarning : CHVSLog::eInformation;
+    const long severity = isGrave                ? CHVSLog::eError
+                          : type == QtWarningMsg ? CHVSLog::eWarning
+                                                 : CHVSLog::eInformation;
     getLogObject()->log(message, QString::fromLatin1(context.category), 0, QString(), severity, false);
     busy = false;
 }
 
-} // namespace
+}  // namespace
 
 namespace StartUp {
 
@@ -50,8 +51,7 @@ void beforeApplication()
     QSurfaceFormat::setDefaultFormat(format);
 
     // The GL loader asks for GLX, which only X11 has.
-    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
-        qputenv("QT_QPA_PLATFORM", "xcb");
+    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "xcb");
 }
 
 void afterApplication(QApplication& application)
@@ -67,6 +67,11 @@ void routeQtMessages()
     g_terminal = qInstallMessageHandler(toLog);
 }
 
+void stopRouting()
+{
+    qInstallMessageHandler(g_terminal);
+}
+
 QString missingDisplay()
 {
     const QByteArray platform = qgetenv("QT_QPA_PLATFORM");
@@ -75,4 +80,4 @@ QString missingDisplay()
     return {};
 }
 
-} // namespace StartUp
+}  // namespace StartUp

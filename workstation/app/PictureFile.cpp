@@ -1,0 +1,54 @@
+#include "PictureFile.h"
+
+#include <QFileInfo>
+#include <QImage>
+#include <QImageWriter>
+#include <QSaveFile>
+
+#include <unistd.h>
+
+namespace PictureFile {
+
+namespace {
+
+QByteArray formatOf(const QString& path)
+{
+    return QFileInfo(path).suffix().toLower().toLatin1();
+}
+
+}  // namespace
+
+bool isWritable(const QString& path)
+{
+    return QImageWriter::supportedImageFormats().contains(formatOf(path));
+}
+
+bool write(const QImage& picture, const QString& path, QString& reason)
+{
+    if (!isWritable(path)) {
+        reason = QStringLiteral("'%1' has no ending of a picture format that can be written").arg(path);
+        return false;
+    }
+    QSaveFile file(path);
+    if (!file.open(QIODevice::WriteOnly)) {
+        reason = QStringLiteral("'%1' can't be written: %2").arg(path, file.errorString());
+        return false;
+    }
+    QImageWriter writer(&file, formatOf(path));
+    writer.setQuality(95);
+    // commit() alone does not notice a disk that fills up at the last moment
+    if (!writer.write(picture) || !file.flush() || ::fsync(file.handle()) != 0) {
+        const bool isFormat = writer.error() == QImageWriter::InvalidImageError;
+        reason = QStringLiteral("'%1' can't be written: %2")
+                     .arg(path, isFormat ? writer.errorString() : file.errorString());
+        file.cancelWriting();
+        return false;
+    }
+    if (!file.commit()) {
+        reason = QStringLiteral("'%1' can't be written: %2").arg(path, file.errorString());
+        return false;
+    }
+    return true;
+}
+
+}  // namespace PictureFile

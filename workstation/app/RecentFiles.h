@@ -1,0 +1,30 @@
+#pragma once
+
+#include <QList>
+#include <QStringList>
+
+class QSettings;
+
+/// The volumes that were opened last, newest first, each as the list of its files. Kept in the settings.
+class RecentFiles
+{
+public:
+    static constexpr int capacity = 10;
+
+    /// `settings` must outlive this object.
+    explicit RecentFiles(QSettings& settings);
+
+    QList<QStringList> volumes() const;
+    /// Puts a volume first. One that is there already is moved, not doubled.
+    void add(const QStringList& files);
+    void remove(const QStringList& files);
+    void clear();
+
+    /// "scan.vox - /data/mouse" or "slice_001.tif and 119 more - /data/mouse".
+    static QString title(const QStringList& files);
+
+private:
+    void store(const QList<QStringList>& volumes);
+
+    QSettings& m_settings;
+};

@@ -1,0 +1,61 @@
+#include "Snapshot.h"
+
+#include "ApplicationServices.h"
+#include "CommandLine.h"
+#include "MainWindow.h"
+#include "PictureFile.h"
+#include "UnattendedWatch.h"
+
+#include "hvapi/scene/C3DScene.h"
+#include "lib/hvapi/scene/ViewControl.h"
+
+#include <QImage>
+
+namespace {
+
+hvscene::ViewPreset presetOf(CommandLine::View view)
+{
+    switch (view) {
+    case CommandLine::View::Front:
+        return hvscene::ViewPreset::Front;
+    case CommandLine::View::Side:
+        return hvscene::ViewPreset::Side;
+    case CommandLine::View::Top:
+        return hvscene::ViewPreset::Top;
+    case CommandLine::View::Iso:
+        break;
+    }
+    return hvscene::ViewPreset::Iso;
+}
+
+SnapshotResult loadFailure(const CommandLine& line, const QString& reason)
+{
+    QString text = QStringLiteral("'%1' could not be loaded").arg(line.paths.first());
+    if (!reason.isEmpty()) text += QStringLiteral(": ") + reason;
+    return {ExitLoadFailed, text};
+}
+
+}  // namespace
+
+SnapshotResult takeSnapshot(MainWindow& window, ApplicationServices& services, const CommandLine& line)
+{
+    const UnattendedWatch watch;
+    const MainWindow::OpenResult result = window.openVolume(line.paths);
+    if (watch.wasAsked()) return {ExitNeedsValues, watch.demand()};
+    if (result == MainWindow::OpenResult::NoReader)
+        return {ExitCannotStart, QStringLiteral("there is no plug-in that loads volumes")};
+    if (result == MainWindow::OpenResult::Failed) return loadFailure(line, services.lastComplaint());
+
+    C3DScene* scene = window.activeScene();
+    if (!scene) return loadFailure(line, QStringLiteral("there is no 3D view"));
+    ViewControl view(*scene);
+    view.setPreset(presetOf(line.view));
+    view.fit();
+    const QImage picture = view.picture(line.snapshotSize);
+    if (picture.isNull())
+        return {ExitCannotStart,
+                QStringLiteral("the picture can't be drawn: OpenGL is missing or refuses the size")};
+    QString reason;
+    if (!PictureFile::write(picture, line.snapshotFile, reason)) return {ExitWriteFailed, reason};
+    return {};
+}

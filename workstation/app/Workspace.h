@@ -1,0 +1,70 @@
+#pragma once
+
+#include <QHash>
+#include <QMdiArea>
+#include <QString>
+
+class CHVSChildWindow;
+class CHVSMdiSubWindow;
+class CHVSSequenceDataset;
+class CHVSSequenceWindow;
+
+/// The area in which sequence windows and the tools' own windows live, and the order of events round a
+/// sequence's life.
+///
+/// A new sequence: window made, sequenceAdded, window shown, sequenceChanged. A sequence that goes: its
+/// unsaved results settled, sequenceAboutToBeRemoved while it and its window exist, both deleted, then
+/// sequenceChanged of the one that is active now, or of null.
+class Workspace : public QMdiArea
+{
+    Q_OBJECT
+
+public:
+    explicit Workspace(QWidget* parent = nullptr);
+    ~Workspace() override;
+
+    /// Makes a sequence that holds only a 3D scene and brings its window to the front. The id is `wish`, with
+    /// a number behind it where that is taken. Null when `wish` can't name a folder.
+    CHVSSequenceDataset* createScene(const QString& wish);
+
+    /// The sequence of the active window; null when there is none.
+    CHVSSequenceDataset* activeSequence() const;
+
+    /// Puts a tool's window into a sub-window, hidden. Closing it hides it; it stays its owner's. A widget
+    /// that is in the workspace already stays as it is.
+    CHVSMdiSubWindow* addTool(QWidget* tool);
+
+    /// False when the sequence is not open (or closing already), or nothing may be closed now.
+    bool closeSequence(CHVSSequenceDataset* sequence);
+
+    /// Closes every sequence, the last one first. False when nothing may be closed now.
+    bool closeAll();
+
+    /// Sub-windows in the order of their opening, the hidden ones left out.
+    QList<QMdiSubWindow*> shownWindows() const;
+
+signals:
+    void sequenceAdded(CHVSSequenceDataset* sequence);
+    void sequenceAboutToBeRemoved(CHVSSequenceDataset* sequence);
+    /// Another sequence, or none, is active.
+    void sequenceChanged(CHVSSequenceDataset* sequence);
+    /// The active sequence window shows another tab.
+    void tabChanged(const QString& tabName);
+    /// The content of the active sequence's 3D view changed.
+    void view3DChanged(bool bClearAnalysisResults);
+    /// The transform tool of the active sequence works on another object.
+    void transformObjectChanged(const QString& object);
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    void wrap(CHVSSequenceWindow* window);
+    void welcome(CHVSSequenceDataset* sequence);
+    void onActiveChanged(CHVSChildWindow* window);
+    void activateNext();
+
+    QHash<CHVSSequenceDataset*, CHVSMdiSubWindow*> m_frames;
+    int m_closing = 0;  ///< while above 0, changes of the active window are told at the end
+};
