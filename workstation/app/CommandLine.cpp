@@ -35,7 +35,7 @@ struct Options
         QStringLiteral("FILE")};
     QCommandLineOption size{
         QStringLiteral("size"),
-        QStringLiteral("Size of the picture in pixels, 16 to 8192 a side (default 800x800)."),
+        QStringLiteral("Size of the picture in pixels, 16 to 8192 a side (default 640x640)."),
         QStringLiteral("WxH")};
     QCommandLineOption view{
         QStringLiteral("view"),

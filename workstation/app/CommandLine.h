@@ -26,7 +26,7 @@ struct CommandLine
     Wish wish = Wish::Workstation;
     QStringList paths;     ///< files of one volume, as the user typed them
     QString snapshotFile;  ///< picture to write; set for Wish::Snapshot
-    QSize snapshotSize{800, 800};
+    QSize snapshotSize{640, 640};
     View view = View::Iso;
     QString logFile;  ///< empty: the session's log is not written to a file of the user's
     QString error;

@@ -119,8 +119,8 @@ LogDock::LogDock(LogModel& model, QWidget* parent)
     connect(copy, &QToolButton::clicked, this, &LogDock::copySelection);
     connect(clear, &QToolButton::clicked, &m_model, &LogModel::clear);
     connect(m_pFilter, &QAbstractItemModel::rowsAboutToBeInserted, this, [this] {
-        const QScrollBar* bar = m_pView->verticalScrollBar();
-        m_atEnd = bar->value() == bar->maximum();
+        const QScrollBar* scroll = m_pView->verticalScrollBar();
+        m_atEnd = scroll->value() == scroll->maximum();
     });
     connect(m_pFilter, &QAbstractItemModel::rowsInserted, this, &LogDock::keepNewestInSight);
 }

@@ -8,6 +8,7 @@
 
 #include "hvapi/plugin/CHVToolPalettePluginBase.h"
 #include "hvapi/scene/C3DScene.h"
+#include "hvapi/sequence/CHVSDataset.h"
 #include "hvapi/sequence/CHVSSequenceDataset.h"
 #include "hvapi/windows/CHVSMdiSubWindow.h"
 #include "hvapi/windows/CHVSSequenceWindow.h"

@@ -1,6 +1,8 @@
 #include "PluginLoader.h"
 
 #include "hvapi/plugin/CHVToolPalettePluginBase.h"
+#include "hvapi/sequence/CHVSDataset.h"
+#include "hvapi/sequence/CHVSSequenceDataset.h"
 #include "hvutils/CHVSLog.h"
 
 #include <QCoreApplication>
@@ -8,6 +10,7 @@
 #include <QJsonObject>
 #include <QLibrary>
 #include <QPluginLoader>
+#include <QWidget>
 
 #include <algorithm>
 #include <exception>
