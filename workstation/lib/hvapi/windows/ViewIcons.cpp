@@ -71,7 +71,7 @@ QIcon viewIcon(ViewIcon icon, QPalette const& palette)
 {
     QIcon result(picture(icon, palette.color(QPalette::Active, QPalette::ButtonText),
                          palette.color(QPalette::Active, QPalette::Highlight)));
-    QColor const dim = palette.color(QPalette::Disabled, QPalette::ButtonText);
+    QColor const& dim = palette.color(QPalette::Disabled, QPalette::ButtonText);
     result.addPixmap(picture(icon, dim, dim), QIcon::Disabled);
     return result;
 }
