@@ -3,6 +3,8 @@
 #include "OpenSequences.h"
 #include "hvapi/scene/C3DSGManager.h"
 #include "hvapi/scene/C3DScene.h"
+#include "hvutils/CHVPreference.h"
+#include "hvutils/CHVPreferenceSignalHandler.h"
 #include "lib/hvapi/scene/C3DViewPrivate.h"
 #include "lib/hvapi/scene/ViewControl.h"
 #include "lib/hvapi/windows/WindowRegistry.h"
@@ -20,6 +22,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <functional>
 
 namespace {
 
@@ -227,6 +230,25 @@ TEST_F(SequenceWindowTest, ChangeOfTheViewIsToldToTheApplication)
     ASSERT_EQ(told.size(), 1);
     EXPECT_EQ(told.at(0).at(0).value<CHVSSequenceWindow*>(), window);
     EXPECT_TRUE(told.at(0).at(1).toBool());
+}
+
+TEST_F(SequenceWindowTest, RefreshCallsPaintTheSceneAnew)
+{
+    auto* window = open(SequenceKind::Scene3D);
+    window->show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(window));
+    QSignalSpy painted(window->get3DScene(), &QOpenGLWidget::frameSwapped);
+    while (painted.wait(200))
+        painted.clear();
+    for (auto const& call :
+         {std::function<void()>([&] { window->onSignal3DViewChanged(false); }),
+          std::function<void()>([&] { window->onSignalUpdatePreference(); }), std::function<void()>([&] {
+              emit CHVPreference::getSignalHandler()->updatePreferenceSetting();
+          })}) {
+        painted.clear();
+        call();
+        EXPECT_TRUE(painted.size() > 0 || painted.wait(5000));
+    }
 }
 
 TEST_F(SequenceWindowTest, SavingSucceedsOnlyWithAFolder)
