@@ -77,7 +77,7 @@ TEST_F(VolumeDataTest, StartsWithTheDefaultTable)
     for (int i = 0; i <= 60; ++i)
         EXPECT_EQ(volume.m_volumeColorTable[4 * i + 3], 0);
     EXPECT_EQ(volume.m_volumeColorTable[4 * 200], 200);
-    EXPECT_EQ(volume.m_volumeColorTable[4 * 255 + 3], 217);
+    EXPECT_EQ(volume.m_volumeColorTable[4 * 255 + 3], 255);
 }
 
 TEST_F(VolumeDataTest, LoadTakesCountsRangeAndBox)

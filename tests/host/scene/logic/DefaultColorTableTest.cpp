@@ -29,12 +29,14 @@ TEST(DefaultColorTableTest, AirIsClear)
         EXPECT_EQ(t[4 * i + 3], 0) << i;
 }
 
-TEST(DefaultColorTableTest, AlphaRisesWithThePowerOneAndThreeFifths)
+TEST(DefaultColorTableTest, AlphaRisesSmoothlyFromSixtyToAHundredAndEighty)
 {
     const auto t = table();
-    EXPECT_EQ(t[4 * 255 + 3], 217);
-    EXPECT_EQ(t[4 * 157 + 3], 71);  // 217 * (97 / 195)^1.6 = 71.00
-    EXPECT_EQ(t[4 * 158 + 3], 72);  // 217 * (98 / 195)^1.6 = 72.17
+    EXPECT_EQ(t[4 * 90 + 3], 40);    // s = 1/4: 255 * 10/64 = 39.84
+    EXPECT_EQ(t[4 * 120 + 3], 128);  // s = 1/2: 127.5
+    EXPECT_EQ(t[4 * 150 + 3], 215);  // s = 3/4: 255 * 54/64 = 215.16
+    for (std::size_t i = 180; i < 256; ++i)
+        EXPECT_EQ(t[4 * i + 3], 255) << i;
     for (std::size_t i = 61; i < 256; ++i)
         EXPECT_GE(t[4 * i + 3], t[4 * (i - 1) + 3]);
 }

@@ -1,5 +1,6 @@
 #include "lib/hvapi/scene/logic/DefaultColorTable.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace hvscene {
@@ -9,8 +10,8 @@ void writeDefaultColorTable(unsigned char* table)
     for (int i = 0; i < 256; ++i) {
         unsigned char* entry = table + 4 * i;
         entry[0] = entry[1] = entry[2] = static_cast<unsigned char>(i);
-        const double share = i > clearUpTo ? static_cast<double>(i - clearUpTo) / (255 - clearUpTo) : 0.0;
-        entry[3] = static_cast<unsigned char>(std::floor(densestAlpha * std::pow(share, 1.6) + 0.5));
+        const double s = std::clamp(static_cast<double>(i - clearUpTo) / (opaqueFrom - clearUpTo), 0.0, 1.0);
+        entry[3] = static_cast<unsigned char>(std::floor(255.0 * s * s * (3.0 - 2.0 * s) + 0.5));
     }
 }
 
