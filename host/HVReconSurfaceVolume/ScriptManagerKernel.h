@@ -7,6 +7,10 @@
 #include <QThread>
 #include <memory>
 
+class C3DScene;
+class CHVSSequenceDataset;
+class CHVSSequenceWindow;
+
 namespace VOXM {
 template <class T>
 class volume;
@@ -21,6 +25,12 @@ class HVRECONSURFACEVOLUME_EXPORT ScriptManagerKernel : public QThread
 public:
     explicit ScriptManagerKernel(QObject* parent = nullptr);
     ~ScriptManagerKernel() override;
+
+    // What the scripts work on, for as long as it exists: the sequence, its window and the scene in it. Null
+    // clears; none of them is owned.
+    void setSequence(CHVSSequenceDataset* sequence);
+    void setSequenceWindow(CHVSSequenceWindow* window);
+    void setScene(C3DScene* scene);
 
     // The sequence whose volume is worked on; the null string clears.
     void setCurrentSequenceId(QString& sequenceId);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "hvimage/CILImageBase.h"
+#include "hvimage/CILPalette.h"
 #include "hvimage/IL_RESAMPLEMODES.h"
 #include "hvimage/hvimage_global.h"
 
@@ -83,6 +84,13 @@ public:
 
     // Counts the samples into a histogram whose range and number of bins were set before.
     bool Histogram(CILHistogram& histogram);
+
+    // --- display ---
+
+    // The colour table through which a view shows the image, with the display range in its image range.
+    // Copied out and in: a change of the copy changes nothing here.
+    CILPalette getPalette() const;
+    void setPalette(CILPalette const& palette);
 
 private:
     class ImagePrivate;

@@ -16,7 +16,8 @@ public:
     virtual ~CPLClickInfo();
 
     bool isSectionPresent(QString section) const;
-    void removeSection(QString section);
+    // 0 when the section was there.
+    tag_estatus removeSection(QString section);
 
     // A section by name; null when there is none. Owned by this object, valid until the section is removed.
     CPLSection* operator[](QString section);

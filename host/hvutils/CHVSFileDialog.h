@@ -18,8 +18,7 @@ public:
     //   path         in: proposed path or folder; out: the absolute path chosen, with an extension
     //   filters      one text per kind of file, as "Name (*.ext)"
     //   extensions   the extension, without a dot, that belongs to the filter of the same index; added to a
-    //   name
-    //                without one
+    //                name without one
     // Not 0 when the user cancelled; `path` is then unchanged.
     static tag_estatus getSaveFileName(QWidget* parent, QString title, QString& path, QStringList filters,
                                        QStringList extensions);

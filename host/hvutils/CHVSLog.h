@@ -21,8 +21,7 @@ public:
     // Adds an entry. May be called from any thread; the entry is visible to the application in the order of
     // the calls of one thread.
     //   message    for the user, in plain words. Never the name or birth date of a patient. Empty with
-    //   severity 16:
-    //              the status line becomes empty.
+    //              severity 16: the status line becomes empty.
     //   source     module that speaks; may be empty
     //   line       line in the source; 0 when not told
     //   context    free text; plug-ins pass the compile time of the file

@@ -7,6 +7,5 @@ struct S3DViewSettings
 {
     int nFontPointSize = 10;  // point size of text drawn into a view
     QString strFontFamily;    // empty: the application's font
-    QString
-        strTissueRange;  // upper end of the values taken from CT scans: "Tissue", or "Metal" for all of them
+    QString strTissueRange;   // upper end of values taken from CT scans: "Tissue", or "Metal" for all
 };

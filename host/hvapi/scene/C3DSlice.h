@@ -21,6 +21,8 @@ public:
     /// Planes start hidden.
     void show(bool bShow);
     bool isDisplayed() const;
+    /// Repaints what shows the plane.
+    void update();
 
 signals:
     void sliceChanged();

@@ -43,7 +43,8 @@ public:
     sCropBoxOffset getCroppingBoxOffset();
     /// Eight corner offsets, which go to every volume of the scene at once. Null is ignored.
     void setCroppingBoxOffset(Vec3f* const offsets);
-    /// Eight corners in the volume's own space, in millimetres.
+    /// Makes the crop box from eight corners in the volume's own space, in millimetres and in the order of
+    /// `sCropBoxOffset`. Null is ignored.
     void setCroppingBBox(Vec3f* const corners);
 
     /// From a value in Hounsfield units to the stored value, by the calibration of the system that took the

@@ -10,6 +10,9 @@ public:
     CDicomImporter();
     virtual ~CDicomImporter();
 
+    /// The test of a file by its path stays within reach beside the one below.
+    using CDicomReader::isDicom;
+
     /// After a successful initDicomImporter: with `bNativeOnly`, true only for the host's own image format;
     /// without it, true for every DICOM file.
     virtual bool isDicom(bool bNativeOnly);

@@ -1,6 +1,6 @@
 #pragma once
 
-/// Unit of the rulers around an image.
+/// Unit of the rulers around an image, see CHVSSimpleImageView.
 enum tag_escaleunit : int
 {
     SCALEUNIT_PIXELS = 0,
