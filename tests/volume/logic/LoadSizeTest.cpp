@@ -25,8 +25,7 @@ struct Case
 };
 
 class LoadSizeTable : public testing::TestWithParam<Case>
-{
-};
+{};
 
 TEST_P(LoadSizeTable, GivesTheSizeWorkedOutByHand)
 {
@@ -58,8 +57,7 @@ INSTANTIATE_TEST_SUITE_P(
         // equal sides below 64 count as rows being the larger; the picture is enlarged
         Case{32, 32, 50, 64, 64, 64, 64, 2.0F},
         // the factor comes back to exactly 1, and the rows are still padded: 100 to 120
-        Case{64, 100, 50, 64, 120, 64, 100, 1.0F},
-        Case{100, 64, 50, 120, 64, 100, 64, 1.0F},
+        Case{64, 100, 50, 64, 120, 64, 100, 1.0F}, Case{100, 64, 50, 120, 64, 100, 64, 1.0F},
         // a line of pixels: the factor becomes 64, the long side 65536
         Case{1, 1024, 50, 64, 65536, 64, 65536, 64.0F}, Case{1024, 1, 10, 65536, 64, 65536, 64, 64.0F}));
 

@@ -83,7 +83,8 @@ TEST(Quantise16, CuttingMakesFewWeightsEqual)
     // 100 inner values with different gradients: each is far above one 256th of the sum, and the cutting
     // levels them. So each is one step of 2.55.
     Samples samples;
-    for (int i = 0; i <= 101; ++i) samples.push_back(static_cast<std::uint16_t>(i * i));
+    for (int i = 0; i <= 101; ++i)
+        samples.push_back(static_cast<std::uint16_t>(i * i));
     std::vector<double> table(viz::values16);
     viz::fillEqualisedTable(volume(samples, 102, 1, 1), 0, 101 * 101, table.data());
     EXPECT_EQ(table[0], 0.0);
@@ -109,8 +110,10 @@ TEST(Quantise16, WeightIsTheCubeRootOfSummedSquareRoots)
     // 600 inner values, so that no entry is above one 256th of the sum: the weights stay as they are.
     // The samples rise by 1 up to 300 and by 9 after that: gradients 1 and 9, at the bend 10 / 2 = 5.
     Samples samples;
-    for (int i = 0; i <= 300; ++i) samples.push_back(static_cast<std::uint16_t>(i));
-    for (int i = 1; i <= 300; ++i) samples.push_back(static_cast<std::uint16_t>(300 + 9 * i));
+    for (int i = 0; i <= 300; ++i)
+        samples.push_back(static_cast<std::uint16_t>(i));
+    for (int i = 1; i <= 300; ++i)
+        samples.push_back(static_cast<std::uint16_t>(300 + 9 * i));
     std::vector<double> table(viz::values16);
     viz::fillEqualisedTable(volume(samples, 601, 1, 1), 0, 3000, table.data());
 

@@ -117,7 +117,8 @@ TEST(Quantise, EveryInstructionSetGivesTheSameVoxels)
     std::vector<std::uint16_t> all(65536 + 37);
     std::iota(all.begin(), all.end(), std::uint16_t{0});
     std::vector<std::uint8_t> bytes(all.begin(), all.end());
-    for (const auto& r : {range(0, 65535), range(10, 200), range(0, 1), range(63999, 64001), range(1234, 3926)})
+    for (const auto& r :
+         {range(0, 65535), range(10, 200), range(0, 1), range(63999, 64001), range(1234, 3926)})
         for (const Simd simd : levels()) {
             EXPECT_EQ(quantised(all, r, simd), quantised(all, r, Simd::Plain));
             EXPECT_EQ(quantised(bytes, r, simd), quantised(bytes, r, Simd::Plain));
@@ -132,8 +133,8 @@ TEST(Quantise, AnyCountAtAnyAddressStaysWithinItsBounds)
         for (std::size_t start = 0; start < 3; ++start)
             for (std::size_t count = 0; count < 140; ++count) {
                 std::vector<std::uint8_t> voxels(300, 99);
-                viz::quantise(samples.data() + start, count, r.lowest, viz::valueScale(r), voxels.data() + start,
-                              simd);
+                viz::quantise(samples.data() + start, count, r.lowest, viz::valueScale(r),
+                              voxels.data() + start, simd);
                 for (std::size_t i = 0; i < voxels.size(); ++i)
                     ASSERT_EQ(voxels[i], i >= start && i < start + count ? 5 : 99) << i << " of " << count;
             }
@@ -166,7 +167,8 @@ TEST(StretchSigned, TruncationMayTakeTheTopByOne)
 TEST(StretchSigned, AFrameOfOneValueBecomesZero)
 {
     EXPECT_EQ(stretched<std::uint8_t>(std::vector<std::int8_t>{-5, -5}, -5, -5), (std::vector<int>{0, 0}));
-    EXPECT_EQ(stretched<std::uint16_t>(std::vector<std::int16_t>{300, 300}, 300, 300), (std::vector<int>{0, 0}));
+    EXPECT_EQ(stretched<std::uint16_t>(std::vector<std::int16_t>{300, 300}, 300, 300),
+              (std::vector<int>{0, 0}));
 }
 
 TEST(StretchSigned, EveryInstructionSetGivesTheSamePixels)

@@ -109,8 +109,7 @@ struct SizeLine
 };
 
 class VolumeSizeLine : public testing::TestWithParam<SizeLine>
-{
-};
+{};
 
 TEST_P(VolumeSizeLine, IsSeenWithThree32BitIntegers)
 {
@@ -126,11 +125,12 @@ INSTANTIATE_TEST_SUITE_P(
     testing::Values(SizeLine{"64 48 93", true, 64, 48, 93}, SizeLine{"64 48 93 17 rest", true, 64, 48, 93},
                     SizeLine{"0 0 0", true, 0, 0, 0}, SizeLine{"-5 +7 007", true, -5, 7, 7},
                     SizeLine{"2147483647 -2147483648 1", true, 2147483647, -2147483647 - 1, 1},
-                    SizeLine{"2147483648 1 1", false, 0, 0, 0}, SizeLine{"1 1 99999999999999999999", false, 0, 0, 0},
-                    SizeLine{"64 48", false, 0, 0, 0}, SizeLine{"", false, 0, 0, 0},
-                    SizeLine{"64 48 9x", false, 0, 0, 0}, SizeLine{"64.0 48 93", false, 0, 0, 0},
-                    SizeLine{"0x40 48 93", false, 0, 0, 0}, SizeLine{"+-4 48 93", false, 0, 0, 0},
-                    SizeLine{"+ 48 93", false, 0, 0, 0}, SizeLine{"64\t48\t93", false, 0, 0, 0}));
+                    SizeLine{"2147483648 1 1", false, 0, 0, 0},
+                    SizeLine{"1 1 99999999999999999999", false, 0, 0, 0}, SizeLine{"64 48", false, 0, 0, 0},
+                    SizeLine{"", false, 0, 0, 0}, SizeLine{"64 48 9x", false, 0, 0, 0},
+                    SizeLine{"64.0 48 93", false, 0, 0, 0}, SizeLine{"0x40 48 93", false, 0, 0, 0},
+                    SizeLine{"+-4 48 93", false, 0, 0, 0}, SizeLine{"+ 48 93", false, 0, 0, 0},
+                    SizeLine{"64\t48\t93", false, 0, 0, 0}));
 
 TEST(RawHeader, DepthIsTakenAsItStands)
 {
@@ -179,8 +179,8 @@ TEST(RawHeader, FormatOtherThanUMeansSigned)
 
 TEST(RawHeader, FieldWithoutFormatChangesNothing)
 {
-    for (const char* text : {"Field Density", "Field Density format s", "Field Density Formats s", "FieldFormat s",
-                             "Field Density Format", "Field"}) {
+    for (const char* text : {"Field Density", "Field Density format s", "Field Density Formats s",
+                             "FieldFormat s", "Field Density Format", "Field"}) {
         const RawHeader header = parsed(std::string(text) + "\n");
         EXPECT_FALSE(header.formatSeen) << text;
         EXPECT_FALSE(header.isSigned) << text;
@@ -236,7 +236,8 @@ TEST(RawHeaderSize, OnlyTheExactLineGoesOn)
 
 TEST(RawHeaderSize, OnlyTheExactMarkerCounts)
 {
-    for (const char* text : {"##\n", " ##\f\n", "##\f \n", "##\f", "#\f\n", "##\f\f\n", "##\f\r\r\n", "##  \f\n"})
+    for (const char* text :
+         {"##\n", " ##\f\n", "##\f \n", "##\f", "#\f\n", "##\f\f\n", "##\f\r\r\n", "##  \f\n"})
         EXPECT_EQ(parsed(text).size, 0) << text;
 }
 
@@ -306,7 +307,8 @@ TEST(RawHeaderPieces, LinesOfZerosAreCountedAndForgotten)
 {
     const std::string zeros(1 << 20, '\0');
     RawHeaderParser parser;
-    for (int i = 0; i < 512; ++i) ASSERT_FALSE(parser.feed(zeros.data(), zeros.size()));
+    for (int i = 0; i < 512; ++i)
+        ASSERT_FALSE(parser.feed(zeros.data(), zeros.size()));
     parser.feed("\n##\f\nxx", 7);
     EXPECT_EQ(parser.header().size, (std::int64_t{512} << 20) + 5);
 }
@@ -316,7 +318,8 @@ TEST(RawHeaderPieces, ARecognisedLineWithoutEndIsReadUpToItsLimit)
     RawHeaderParser parser;
     parser.feed("VolumeSize 64 48 93 ", 20);
     const std::string letters(1 << 20, 'x');
-    for (int i = 0; i < 64; ++i) ASSERT_FALSE(parser.feed(letters.data(), letters.size()));
+    for (int i = 0; i < 64; ++i)
+        ASSERT_FALSE(parser.feed(letters.data(), letters.size()));
     parser.finish();
     EXPECT_TRUE(parser.header().sizeSeen);
     EXPECT_EQ(parser.header().frames, 93);

@@ -8,6 +8,7 @@
 #include "volume/logic/MemoryEstimate.h"
 
 #include <QFile>
+#include <QLayout>
 #include <QPushButton>
 #include <QSignalBlocker>
 #include <QStyle>
@@ -18,6 +19,7 @@ constexpr int fullResolution = 100;
 constexpr float leastOpenGL = 2.0F;
 constexpr int collapsedDialogHeight = 50;
 constexpr int collapsedSpacingHeight = 100;
+constexpr int hintLines = 2;
 
 const QColor good(0, 0, 0, 255);
 const QColor bad(255, 0, 0, 255);
@@ -55,6 +57,8 @@ void CVolumeInfoDialog::init()
 
     const int icon = style()->pixelMetric(QStyle::PM_SmallIconSize, nullptr, this);
     memoryHintIcon->setPixmap(style()->standardIcon(QStyle::SP_MessageBoxWarning).pixmap(icon));
+    // A wrapped text alone does not keep the collapsed dialog from cutting its second line.
+    memoryHintLabel->setMinimumHeight(hintLines * memoryHintLabel->fontMetrics().lineSpacing());
     showHint(false);
     setStatus(tr("Good"), good);
 }
@@ -162,6 +166,7 @@ void CVolumeInfoDialog::showHint(bool shown)
 {
     memoryHintLabel->setVisible(shown);
     memoryHintIcon->setVisible(shown);
+    if (isVisible()) collapse();
 }
 
 void CVolumeInfoDialog::sliceResolutionSliderChanged(int)
@@ -199,7 +204,18 @@ void CVolumeInfoDialog::showEvent(QShowEvent* event)
     hideIfDisabled(orientationGroup, this);
     if (!resolutionGroup->isEnabledTo(this)) spacingGroup->setMaximumHeight(collapsedSpacingHeight);
     setMaximumHeight(collapsedDialogHeight);
+    collapse();
     QDialog::showEvent(event);
+}
+
+// The layout does not let it become smaller than what is visible.
+void CVolumeInfoDialog::collapse()
+{
+    for (QLayout* const inner : {memoryGroup->layout(), layout()}) {
+        inner->invalidate();
+        inner->activate();
+    }
+    resize(width(), collapsedDialogHeight);
 }
 
 // Plain access to the controls.

@@ -66,6 +66,7 @@ protected:
     void showEvent(QShowEvent* event) override;
 
 private:
+    void collapse();
     void limitResolution();
     void showMemoryGood();
     void showMemoryShort();

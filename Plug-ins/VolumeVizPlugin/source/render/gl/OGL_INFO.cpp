@@ -23,6 +23,8 @@ OGL_INFO::OGL_INFO(QWidget* parent)
 
 float OGL_INFO::openGLVersion()
 {
+    // A widget that was never shown gets its context from the first grab.
+    if (context() == nullptr) grabFramebuffer();
     makeCurrent();
     if (context() == nullptr || QOpenGLContext::currentContext() != context()) return 0.0F;
     return versionNumber(reinterpret_cast<const char*>(glGetString(GL_VERSION)));
