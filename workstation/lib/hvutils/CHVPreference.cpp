@@ -14,7 +14,7 @@ CHVPreferenceSignalHandler::~CHVPreferenceSignalHandler() = default;
 
 QString CHVPreference::getProgramDataPath()
 {
-    QString const path = HostServices::instance().programDataPath();
+    QString path = HostServices::instance().programDataPath();
     QDir().mkpath(path);
     return path;
 }
