@@ -8,7 +8,6 @@
 #include <QString>
 #include <cstring>
 
-using hvscene::Box;
 using hvscene::Vec3;
 
 namespace {
