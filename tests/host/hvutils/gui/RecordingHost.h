@@ -28,6 +28,7 @@ public:
     void processChanged(HostProcessState const& state) override { states.push_back(state); }
     QString programDataPath() const override { return folder.path() + QStringLiteral("/data"); }
     QString settingsFilePath() const override { return folder.path() + QStringLiteral("/settings.ini"); }
+    bool memoryLoadLimit() const override { return memoryFull; }
 
     QTemporaryDir folder;
     std::vector<HostLogEntry> entries;
@@ -35,6 +36,7 @@ public:
     std::vector<int> cursors;  // shapes; -1: one taken off
     std::vector<HostProcessState> states;
     int answer = 0;
+    bool memoryFull = false;
 
 private:
     HostServices* m_former = nullptr;

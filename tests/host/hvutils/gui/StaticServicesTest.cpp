@@ -207,6 +207,14 @@ TEST(CHVUtilityFns, NameAndLeaveToClose)
     EXPECT_TRUE(host.canClose());
 }
 
+TEST(CHVUtilityFns, MemoryLimitIsTheHosts)
+{
+    RecordingHost host;
+    EXPECT_FALSE(CHVUtilityFns::isMemoryLoadLimit());
+    host.memoryFull = true;
+    EXPECT_TRUE(CHVUtilityFns::isMemoryLoadLimit());
+}
+
 TEST(CHVPreference, ProgramDataFolderExists)
 {
     RecordingHost host;
