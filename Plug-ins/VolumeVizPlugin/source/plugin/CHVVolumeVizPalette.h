@@ -63,6 +63,12 @@ public:
     /// Id of the current sequence; null when there is none.
     QString getCurrentSeqID() const { return m_strSequenceID; }
 
+    /// The record of a sequence, or null when there is none under this id.
+    const SVolVizControls* recordOf(const QString& sequenceId) const;
+    /// First and last frame of the last load that was given limits, counted from 0; -1 for the whole set.
+    int lowerLimit() const { return m_nLowerLimit; }
+    int upperLimit() const { return m_nUpperLimit; }
+
     /// Decides anew whether the palette can work on the current sequence.
     void updatePaletteValidity();
     /// The 3D view changed: takes over whether the volume is displayed.
@@ -105,6 +111,7 @@ private:
     friend class VolumeLoad;
 
     bool validateSequence(CHVSSequenceDataset* sequence);
+    void showVolumePage();
     /// Record, window, scene and node of the current sequence, as they are now.
     PaletteTarget target();
     SVolVizControls& currentRecord() { return m_mapVolVizControls[m_strSequenceID]; }

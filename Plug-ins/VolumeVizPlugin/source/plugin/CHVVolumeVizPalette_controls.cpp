@@ -1,0 +1,126 @@
+#include "plugin/CHVVolumeVizPalette.h"
+
+#include "hvapi/results/CHVSResultsTabControl.h"
+#include "hvapi/sequence/CHVSSequenceDataset.h"
+#include "hvutils/CHVSPalettePixmapView.h"
+#include "plugin/WidgetSync.h"
+
+#include <QButtonGroup>
+
+namespace {
+
+void check(QAbstractButton* button, bool checked)
+{
+    quietly(button, [&](QAbstractButton& quiet) { quiet.setChecked(checked); });
+}
+
+void enableAndCheck(QAbstractButton* button, bool enabled, bool checked)
+{
+    enableControl(button, enabled);
+    check(button, checked);
+}
+
+void select(QComboBox* combo, int index)
+{
+    quietly(combo, [&](QComboBox& quiet) { quiet.setCurrentIndex(index); });
+}
+
+void showColorTable(CHVSPalettePixmapView* bar, int table, bool reverse)
+{
+    bar->setPaletteCT(CHVVolumeVizPalette::getColorTableType(table), 0.0f, 1.0f);
+    bar->setPaletteCTReverse(reverse);
+}
+
+}  // namespace
+
+void CHVVolumeVizPalette::updatePaletteControls(SVolVizControls* record)
+{
+    if (!record) return;
+    updateVolumeState(*record);
+    updateResultsTab(*record);
+    updateSliceTab(*record);
+    updateVolumeTab(*record);
+}
+
+/// What can be used at all depends on whether there is a volume.
+void CHVVolumeVizPalette::updateVolumeState(const SVolVizControls& record)
+{
+    const bool loaded = record.bVolumeLoaded;
+    enableControl(m_pVolumeButtonGroup, loaded);
+    quietly(m_pVolumeButtonGroup, [&](QGroupBox& box) { box.setChecked(loaded && record.bEnabled); });
+    enableAndCheck(m_pTransformToolBtn, loaded, loaded && record.bTransformTool);
+    enableControl(m_pTransformResetBtn, loaded && record.bTransformResetEnabled);
+    enableControl(m_pFiducialRegistrationButton, loaded && record.bFiducialEnabled);
+    enableControl(m_pCropResetBtn, loaded);
+    enableAndCheck(m_pCroptoolButton, loaded, loaded && record.bCropTool);
+    enableControl(m_pVolumeInfoDialogButton, loaded);
+    enableControl(m_pSliceColorTable, loaded);
+    enableAndCheck(m_pSliceReverseColorMapCheck, loaded, loaded && record.bSliceReverseInitial);
+    enableControl(m_pReverseColorMapCheck, loaded);
+    if (loaded) check(m_pReverseColorMapCheck, record.bVolumeColorTableReverse);
+    QWidget* const withVolume[] = {
+        m_pSliceOpacitySlider,       m_pSliceOpacitySpinBox, m_pApplyColorBarScalingCB, m_pSliceUseColorTable,
+        m_pSliceUseTransferFunction, m_pSliceViewerGBox,     m_pOpacitySlider};
+    for (QWidget* control : withVolume)
+        enableControl(control, loaded);
+    if (loaded) quietly(m_pOpacitySlider, [&](QSlider& slider) { slider.setValue(record.nOpacitySlider); });
+    const bool ct = m_pSequenceDataset && m_pSequenceDataset->isCTSequence(false);
+    enableControl(m_pExtract2DImageFromVolume, loaded && ct);
+}
+
+void CHVVolumeVizPalette::updateResultsTab(const SVolVizControls& record)
+{
+    const bool loaded = record.bVolumeLoaded;
+    m_mapVolumeInfo = loaded ? record.volumeInfo : QMap<QString, QString>();
+    m_pResultsTabControl->setResultModifiedFlag(loaded && record.bModified);
+    m_pResultsTabControl->updateSavedResultsForSelSeqId(m_strSequenceID);
+    m_strFileList = loaded ? record.fileList : QStringList();
+}
+
+void CHVVolumeVizPalette::updateVolumeTab(const SVolVizControls& record)
+{
+    m_pLogarithmicHistogramCheckBox->setChecked(record.bLogHistogram);
+    check(m_pMIPCheckBox, record.bMIP);
+    check(m_pLightingCheckBox, record.bLighting);
+    enableControl(m_pRenderEffectsDlgButton, record.bLighting);
+    // Not quietly: their slots bring the setting to the node.
+    m_pMedianFilterDenoiseCheckBox->setChecked(record.bMedianFilterDenoise);
+    m_pBestRenderQualityCheckBox->setChecked(record.bBestQuality);
+    enableControl(m_pMIPCheckBox, record.bMIPEnabled);
+    enableControl(m_pLightingCheckBox, record.bLightingEnabled);
+    select(m_pColorTableCombo, record.nVolumeColorTable);
+    showColorTable(m_pVolumePaletteView, record.nVolumeColorTable, record.bVolumeColorTableReverse);
+    quietly(m_pLODSlider, [&](QSlider& slider) { slider.setValue(record.nLevelOfDetail); });
+}
+
+void CHVVolumeVizPalette::updateSliceTab(const SVolVizControls& record)
+{
+    m_pSliceMinIntensitySpinBox->setRange(record.dVolumeMin, record.dVolumeMax);
+    m_pSliceMinIntensitySpinBox->setValue(record.nSliceMin);
+    m_pSliceMinIntensitySlider->setRange(static_cast<int>(record.dVolumeMin),
+                                         static_cast<int>(record.dVolumeMax));
+    m_pSliceMinIntensitySlider->setValue(record.nSliceMin);
+    m_pSliceMaxIntensitySlider->setRange(static_cast<int>(record.dVolumeMin),
+                                         static_cast<int>(record.dVolumeMax));
+    m_pSliceMaxIntensitySlider->setValue(record.nSliceMax);
+    m_pSliceMaxIntensitySpinBox->setRange(record.dVolumeMin, record.dVolumeMax);
+    m_pSliceMaxIntensitySpinBox->setValue(record.nSliceMax);
+
+    quietly(m_pSliceOpacitySlider, [&](QSlider& slider) {
+        slider.setRange(record.nSliceOpacityMin, record.nSliceOpacityMax);
+        slider.setValue(record.nSliceOpacity);
+    });
+    quietly(m_pSliceOpacitySpinBox, [&](QSpinBox& box) {
+        box.setRange(record.nSliceOpacityMin, record.nSliceOpacityMax);
+        box.setValue(record.nSliceOpacity);
+    });
+    select(m_pSliceColorTable, record.nSliceColorTable);
+    showColorTable(m_pSlicePaletteView, record.nSliceColorTable, record.bSliceColorTableReverse);
+
+    const bool byTransferFunction = record.nSliceColorSource != 0;
+    quietly(m_pSliceColorButtonGroup, [&](QButtonGroup&) {
+        (byTransferFunction ? m_pSliceUseTransferFunction : m_pSliceUseColorTable)->setChecked(true);
+    });
+    m_pSliceColorTableGroupBox->setEnabled(!byTransferFunction);
+    check(m_pSliceReverseColorMapCheck, record.bSliceColorTableReverse);
+}

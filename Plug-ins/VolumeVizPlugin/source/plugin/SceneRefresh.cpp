@@ -1,0 +1,34 @@
+#include "plugin/SceneRefresh.h"
+
+#include "hvapi/scene/C3DScene.h"
+#include "hvapi/windows/CHVSSequenceWindow.h"
+
+void SceneRefresh::volumeLoaded(CHVSSequenceWindow* window)
+{
+    if (!window) return;
+    window->onSignal3DViewChanged(false);
+    window->init3DMeasurementValues();
+    window->prepare3DView();
+    window->onSignalUpdatePreference();
+    C3DScene* scene = window->get3DScene();
+    if (!scene) return;
+    scene->updateScene();
+    scene->createSliceDisplayLists();
+    scene->refreshSliceViews();
+    window->update3DLayout();
+    scene->updateTransformTool();
+    scene->updateCroppingTool();
+    scene->activateWindow();
+    scene->setFocus();
+}
+
+void SceneRefresh::geometryChanged(C3DScene* scene)
+{
+    if (!scene) return;
+    scene->updateTransformTool();
+    scene->updateCroppingTool();
+    scene->updateScene();
+    scene->refresh();
+    scene->createSliceDisplayLists();
+    scene->refreshSliceViews();
+}

@@ -1,0 +1,16 @@
+#pragma once
+
+class C3DScene;
+class CHVSSequenceWindow;
+
+/// The orders in which the host is told to show changed data. Null arguments are ignored.
+namespace SceneRefresh {
+
+/// A volume was loaded: the window's own state, then the scene from its boxes to its tools, which gets the
+/// focus.
+void volumeLoaded(CHVSSequenceWindow* window);
+
+/// Spacing or axis orientation of the volume changed.
+void geometryChanged(C3DScene* scene);
+
+}  // namespace SceneRefresh

@@ -1,0 +1,267 @@
+#include "plugin/VolumeLoad.h"
+
+#include "hvapi/results/CHVSResultsTabControl.h"
+#include "hvapi/scene/C3DSGManager.h"
+#include "hvapi/scene/C3DScene.h"
+#include "hvapi/sequence/CHVSSequenceDataset.h"
+#include "hvapi/windows/CHVSMdiSubWindow.h"
+#include "hvapi/windows/CHVSSequenceWindow.h"
+#include "hvutils/CHVPreference.h"
+#include "hvutils/CHVProcess.h"
+#include "hvutils/CHVSErrorHandler.h"
+#include "hvutils/CHVSMessageBox.h"
+#include "hvutils/CHVUtilityFns.h"
+#include "plugin/CHVVolumeVizPalette.h"
+#include "plugin/PaletteTarget.h"
+#include "plugin/PluginLog.h"
+#include "plugin/SceneRefresh.h"
+#include "plugin/logic/FileKind.h"
+#include "plugin/logic/TempFolders.h"
+#include "render/CGLVolume.h"
+#include "volume/CVolumeRaw.h"
+
+#include <QCursor>
+#include <QDir>
+#include <QFile>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <algorithm>
+
+namespace {
+
+void showMinimised(CHVSSequenceWindow* window)
+{
+    auto* subWindow = window ? qobject_cast<CHVSMdiSubWindow*>(window->parentWidget()) : nullptr;
+    if (subWindow && subWindow->isMinimized()) subWindow->showWindow();
+}
+
+QStringList sorted(QStringList files)
+{
+    files.sort(Qt::CaseSensitive);
+    return files;
+}
+
+void createFolder(const QString& path)
+{
+    if (!QDir(path).exists()) QDir().mkdir(path);
+}
+
+}  // namespace
+
+VolumeLoad::VolumeLoad(CHVVolumeVizPalette& palette, const LoadRequest& request)
+    : m_palette(palette)
+    , m_request(request)
+{}
+
+CHVSSequenceWindow* VolumeLoad::window() const
+{
+    return PaletteTarget::of(m_palette.m_pSequenceDataset).window;
+}
+
+CGLVolume* VolumeLoad::node() const
+{
+    return PaletteTarget::of(m_palette.m_pSequenceDataset).node;
+}
+
+bool VolumeLoad::run()
+{
+    if (!sequenceIsReady()) return false;
+    if (m_request.showsWindow) showMinimised(window());
+    if (!takeFileList() || !fileIsAVolume() || !m_palette.m_pSequenceDataset) return false;
+
+    CHVUtilityFns::setCursor(QCursor(Qt::WaitCursor));
+    m_palette.m_pSequenceDataset->setLoadedVolumetricData(QStringList());
+    m_palette.m_eManufacturer = 0;
+    if (m_request.setsLimits) {
+        m_palette.m_nLowerLimit = m_request.lowerLimit;
+        m_palette.m_nUpperLimit = m_request.upperLimit;
+    }
+    CVolumeRaw reader(&m_palette);
+    if (!read(reader)) {
+        CHVUtilityFns::restoreCursor();
+        return false;
+    }
+    m_palette.addGLVolumeNodeTo3DSceneGraph();
+    if (CHVSSequenceWindow* shown = window())
+        QObject::connect(shown, SIGNAL(update3DToolButtonsStates(S3DControls*)), &m_palette,
+                         SLOT(onSignalUpdate3DToolButtons(S3DControls*)), Qt::UniqueConnection);
+    if (!node()) {
+        // The wait cursor stays: without a node the 3D view is of no more use.
+        logMessage(
+            CHVSLog::eError,
+            QStringLiteral("Failed to create a volume rendering object instance - unable to continue"));
+        return false;
+    }
+    const bool loaded = handOver(reader);
+    markModified();
+    CHVUtilityFns::restoreCursor();
+    return loaded;
+}
+
+bool VolumeLoad::sequenceIsReady()
+{
+    if (m_request.waitsForAcquisition && CHVProcess::isProcessInProgress(eProcessAcquisition)) {
+        logMessage(CHVSLog::eWarning,
+                   QStringLiteral("Unable to load volumetric data - data acquisition/initialization in "
+                                  "progress. Try again later."));
+        return false;
+    }
+    if (!m_palette.m_pSequenceDataset) return false;
+    if (!window()) logMessage(CHVSLog::eError, QStringLiteral("Invalid sequence window handle to proceed."));
+    return true;
+}
+
+bool VolumeLoad::takeFileList()
+{
+    switch (m_request.source) {
+    case LoadRequest::Source::Given:
+        m_palette.m_strFileList = m_request.files;
+        break;
+    case LoadRequest::Source::Remembered:
+        m_palette.m_strFileList = sorted(m_palette.m_strFileList);
+        break;
+    case LoadRequest::Source::AskUser:
+        const QStringList chosen = askForFiles();
+        if (chosen.isEmpty()) return false;
+        m_palette.m_strFileList = sorted(chosen);
+        break;
+    }
+    if (m_palette.m_strFileList.isEmpty()) return false;
+    m_file = m_palette.m_strFileList.first();
+    m_palette.m_strCurrentFile = m_file;
+    return true;
+}
+
+QStringList VolumeLoad::askForFiles() const
+{
+    const QString folder = m_palette.m_strCurrentFile.section(QLatin1Char('/'), 0, -2);
+    const QString filter =
+        QStringLiteral("DICOM Volume(*.dcm *.dc3);;TIFF Volume(*.tif *tiff);;RAW Volume(*.raw *.vox);;");
+    return QFileDialog::getOpenFileNames(&m_palette, QStringLiteral("Open 3D Volumetric Data"), folder,
+                                         filter);
+}
+
+bool VolumeLoad::fileIsAVolume()
+{
+    const QFileInfo file(m_file);
+    if (m_request.namesMissingFile && !file.exists()) {
+        logMessage(CHVSLog::eWarning, QStringLiteral("Corvane result file not found '%1'.").arg(m_file));
+        CHVSMessageBox::information(&m_palette, CHVUtilityFns::getAppName(),
+                                    QStringLiteral("Corvane result file not found."), CHVSMessageBox::eOk, 0,
+                                    0);
+        return false;
+    }
+    if (!file.isReadable()) {
+        CHVSErrorHandler::errorMessage(&m_palette, eStatusFileNotReadable, QString());
+        return false;
+    }
+    if (fileKindByName(m_file) == FileKind::Raw) return true;
+    CHVSErrorHandler::errorMessage(&m_palette, eStatusUnsupportedFile, QString());
+    return false;
+}
+
+bool VolumeLoad::read(CVolumeRaw& reader)
+{
+    const QPointer<CHVSSequenceDataset> sequence = m_palette.m_pSequenceDataset;
+    const bool done = reader.loadVolumeFile(QFile::encodeName(m_file).constData());
+    if (done && sequence && sequence == m_palette.m_pSequenceDataset) {
+        m_loadedFiles = QStringList(m_file);
+        m_palette.m_strFileList = m_loadedFiles;
+        return true;
+    }
+    CHVSSequenceWindow* shown = window();
+    if (m_request.tellsWindowOfFailure && shown) shown->onSignal3DViewChanged(false);
+    return false;
+}
+
+bool VolumeLoad::handOver(CVolumeRaw& reader)
+{
+    CGLVolume& volume = *node();
+    if (m_request.forgetsRawSize) volume.resetRawSize();
+    // Rows before columns, though columns run fastest: a volume with unequal counts comes out sheared.
+    const bool taken =
+        volume.loadVolume(reader.getVoxels(), reader.getLoadRows(), reader.getLoadColumns(),
+                          reader.getFrames(), static_cast<unsigned long>(reader.getMaxValue()),
+                          static_cast<unsigned long>(reader.getMinValue()), reader.getExtent());
+    if (!taken) {
+        CHVSErrorHandler::errorMessage(&m_palette, eStatusVolumeNotLoaded, QString());
+        return false;
+    }
+    volume.show(true);
+    const PaletteTarget now = PaletteTarget::of(m_palette.m_pSequenceDataset);
+    if (now.scene) {
+        Vec3f fullBox[8];
+        now.scene->setCroppingBoxOffset(fullBox);
+    }
+    fillRecord(volume);
+    dumpVoxels(volume);
+    volume.setTransformation(matrix());
+    showVolume();
+    return true;
+}
+
+void VolumeLoad::fillRecord(CGLVolume& volume)
+{
+    SVolVizControls& record = m_palette.currentRecord();
+    record.bVolumeLoaded = true;
+    record.bEnabled = true;
+    // The host's signals may have refilled the palette from the old record in between.
+    m_palette.m_strFileList = m_loadedFiles;
+    record.fileList = m_loadedFiles;
+    m_palette.m_pSequenceDataset->setLoadedVolumetricData(m_loadedFiles);
+
+    volume.show(true);
+    record.nSliceMin = volume.getMin();
+    record.nSliceMax = volume.getMax();
+    volume.setSliceMin(static_cast<float>(record.nSliceMin));
+    volume.setSliceMax(static_cast<float>(record.nSliceMax));
+
+    const bool forAResult = m_palette.m_bLoadFromFileList && !m_palette.m_bDroppedFiles;
+    record.bAutoFit = !forAResult;
+    record.dVolumeMin = volume.getMin();
+    record.dVolumeMax = volume.getMax();
+    record.nOpacitySlider = 100;
+
+    volume.setMIP(record.bMIP);
+    volume.setLighting(record.bLighting);
+    volume.setMedianFilterDenoise(record.bMedianFilterDenoise);
+    volume.setFilterDenoiseGradient(record.bFilterDenoiseGradient);
+    volume.setRenderInBestPerformance(!record.bBestQuality);
+
+    m_palette.updatePaletteControls(&record);
+    m_palette.m_bHistogramDirty = true;
+}
+
+void VolumeLoad::dumpVoxels(CGLVolume& volume) const
+{
+    const QString data = CHVPreference::getProgramDataPath();
+    const QString path = voxelDumpPath(data, m_palette.m_pSequenceDataset->getSequenceID());
+    const unsigned char* voxels = volume.getVolumeData();
+    if (path.isNull() || !voxels) return;
+    createFolder(tempRoot(data));
+    createFolder(sequenceTempFolder(data, m_palette.m_pSequenceDataset->getSequenceID()));
+    QFile dump(path);
+    if (dump.open(QIODevice::WriteOnly)) {
+        const qint64 count = qint64(volume.getWidth()) * volume.getHeight() * volume.getDepth();
+        dump.write(reinterpret_cast<const char*>(voxels), count);
+        dump.close();
+    }
+    volume.setRAWVolumeDataFile(path);
+}
+
+void VolumeLoad::showVolume()
+{
+    SceneRefresh::volumeLoaded(window());
+    const PaletteTarget now = PaletteTarget::of(m_palette.m_pSequenceDataset);
+    if (now.scene) m_palette.currentRecord().registration.registrationMessage = QString();
+    m_palette.m_pCorvaneResultLbl->setText(QStringLiteral("Volume Information: (Unsaved)"));
+}
+
+void VolumeLoad::markModified()
+{
+    if (m_palette.m_bLoadFromFileList && !m_palette.m_bDroppedFiles) return;
+    if (m_palette.m_pResultsTabControl->getResultModifiedFlag()) return;
+    m_palette.currentRecord().bModified = true;
+    m_palette.m_pResultsTabControl->setResultModifiedFlag(true);
+    m_palette.m_pResultsTabControl->updateSavedResultsForSelSeqId(m_palette.m_strSequenceID);
+}
