@@ -45,6 +45,9 @@ public:
         return answers.takeFirst();
     }
 
+    /// Other programs on the machine must not decide on a test.
+    bool memoryLoadLimit() const override { return false; }
+
     void setCursor(QCursor const&) override { cursorDepth += 1; }
     void restoreCursor() override { cursorDepth = std::max(0, cursorDepth - 1); }
 

@@ -143,6 +143,7 @@ QStringList VolumeLoad::askForFiles() const
 
 bool VolumeLoad::fileIsAVolume()
 {
+    if (m_file.isNull()) return true;  // nothing to say of it; the read fails
     const QFileInfo file(m_file);
     if (m_request.namesMissingFile && !file.exists()) {
         logMessage(CHVSLog::eWarning, QStringLiteral("Corvane result file not found '%1'.").arg(m_file));
@@ -163,7 +164,7 @@ bool VolumeLoad::fileIsAVolume()
 bool VolumeLoad::read(CVolumeRaw& reader)
 {
     const QPointer<CHVSSequenceDataset> sequence = m_palette.m_pSequenceDataset;
-    const bool done = reader.loadVolumeFile(QFile::encodeName(m_file).constData());
+    const bool done = !m_file.isNull() && reader.loadVolumeFile(QFile::encodeName(m_file).constData());
     if (done && sequence && sequence == m_palette.m_pSequenceDataset) {
         m_loadedFiles = QStringList(m_file);
         m_palette.m_strFileList = m_loadedFiles;
