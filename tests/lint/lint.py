@@ -65,6 +65,7 @@ RULES = {
     "shader-empty": "a shader file has code in it",
     "class-name": "a header with nothing but one class is called like it (logic/ is called by subject)",
     "source-length": "a source file is at most %d lines long" % LONGEST_SOURCE,
+    "guard": "a test that docs/host-contract.md or docs/kept-on-purpose.md names is there",
     "allowance": "every exception in allowed.txt is needed",
 }
 
@@ -76,6 +77,10 @@ COMMENT = re.compile(r"//[^\n]*|/\*.*?\*/", re.DOTALL)
 TYPE = re.compile(r"^(?:template\s*<[^;{}]*?>\s*)?(class|struct)\s+(?:\w+_EXPORT\s+)?(\w+)\s*(?:final\s*)?"
                   r"(?::(?!:)[^;{]*)?\{", re.MULTILINE)
 QT_HEADER = re.compile(r"^(?:Qt\w+/)?(Q\w+|q\w+\.h|Qt)$")
+GUARDED_PAGES = ("docs/host-contract.md", "docs/kept-on-purpose.md")
+# `Suite.Case`; a name of a file has a known ending in place of the case.
+GUARD = re.compile(r"`([A-Z]\w*)\.(?!(?:cmake|cpp|csv|dat|frag|glsl|h|ini|json|log|md|png|raw|tfn|txt|ui|vox|xml)`)(\w+)`")
+TEST = re.compile(r"^TEST(?:_F|_P)?\(\s*(\w+)\s*,\s*(\w+)\s*\)", re.MULTILINE)
 QT_GL = re.compile(r"^(?:Qt\w+/)?(?:QOpenGL\w*|qopengl\w*\.h|QGL\w*)$")
 
 
@@ -286,6 +291,19 @@ def lint_shape(path, text, report):
             report("class-name", path, 1, types[0][1])
 
 
+def lint_guards(tree, report):
+    pages = [path for path in tree.paths if path in GUARDED_PAGES]
+    if not pages:
+        return
+    tests = {test for path in tree.paths if path.startswith("tests/") and path.endswith(".cpp")
+             for test in TEST.findall(tree.text(path) or "")}
+    for path in pages:
+        text = tree.text(path) or ""
+        for match in GUARD.finditer(text):
+            if match.groups() not in tests:
+                report("guard", path, line_of(text, match.start()), ".".join(match.groups()))
+
+
 def read_allowances(file):
     """(rule, file pattern, detail pattern) of each line; the reason is for the reader."""
     allowances = []
@@ -322,6 +340,7 @@ def lint(root, allowance_file):
         lint_shape(path, text, report)
         if path.endswith((".h", ".hpp", ".cpp", ".inl")):
             lint_includes(tree, path, text, report, glew_users)
+    lint_guards(tree, report)
     for path in [p for p in glew_users if p.startswith(SOURCE + "render/gl/")][1:]:
         report("glew", path, 1, "a second file with glew.h")
     for allowance in allowances:

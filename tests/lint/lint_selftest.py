@@ -152,6 +152,13 @@ class Rules(unittest.TestCase):
         self.write("workstation/app/A.cpp", "\n" * (lint.LONGEST_SOURCE + 1))
         self.assertEqual([f[0] for f in self.found()], ["source-length"])
 
+    def test_testsNamedInThePagesAreThere(self):
+        self.write("tests/a/ATest.cpp", "TEST(Box, isClosed)\n{}\nTEST_P(Row,\n       isLong)\n{}\n")
+        self.write("docs/host-contract.md", "Closed. `Box.isClosed` `Row.isLong` `SequenceInfo.txt` `a.b`\n")
+        self.assertEqual(self.found(), [])
+        self.write("docs/kept-on-purpose.md", "Open.\n`Box.isOpen`\n")
+        self.assertEqual(self.found(), [("guard", "docs/kept-on-purpose.md", "Box.isOpen")])
+
     def test_exceptionsWorkAndMustBeNeeded(self):
         path = SOURCE + "volume/A.cpp"
         self.includes(path, "plugin/CHVVolumeVizPalette.h")
