@@ -7,6 +7,7 @@
 #include "volume/support/RecordingHost.h"
 
 #include <QPushButton>
+#include <QSignalSpy>
 #include <QTest>
 
 #include <gmock/gmock.h>
@@ -16,6 +17,7 @@
 #include <vector>
 
 #include <sys/stat.h>
+#include <unistd.h>
 
 namespace {
 
@@ -35,6 +37,13 @@ const Entry cannotOpen{16, "Unable to open the selected volume file."};
 const Entry cannotRead{16, "Unable to read the selected volume file."};
 const Entry aborted{3, "Loading of volume data aborted."};
 const Entry insufficient{3, "Unable to load volume. Insufficient volume data."};
+
+long residentKilobytes()
+{
+    QFile file("/proc/self/statm");
+    if (!file.open(QIODevice::ReadOnly)) return 0;
+    return file.readAll().split(' ').value(1).toLong() * 4;
+}
 
 class VolumeRaw : public testing::Test
 {
@@ -568,7 +577,39 @@ TEST_F(VolumeRaw, AnEntryNamesNoSourceAndTheTimeOfCompilation)
     EXPECT_FALSE(host.fullEntries[0].showBox);
 }
 
+TEST_F(VolumeRaw, AGigabyteWithoutLineEndsIsReadInLittleMemory)
+{
+    QFile file(folder.path("zeros.raw"));
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    ASSERT_TRUE(file.resize(qint64{1} << 30));  // a hole: it takes no room on the disk
+    file.close();
+    const long before = residentKilobytes();
+    modal.expect(canceling([before](CVolumeInfoDialog& dialog) {
+        EXPECT_LT(residentKilobytes() - before, 64 * 1024);
+        EXPECT_EQ(dialog.getHeaderOffset(), 0);
+    }));
+    EXPECT_FALSE(load(folder.encoded("zeros.raw")));
+    EXPECT_THAT(host.entries, ElementsAre(canceled));
+}
+
+TEST_F(VolumeRaw, AFileThatMayNotBeReadCannotBeOpened)
+{
+    if (geteuid() == 0) GTEST_SKIP() << "root may read everything";
+    const QByteArray path = folder.write("locked.raw", rawHeader(20, 20, 1, 8));
+    ASSERT_EQ(chmod(path.constData(), 0), 0);
+    EXPECT_FALSE(load(path));
+    EXPECT_THAT(host.entries, ElementsAre(cannotOpen));
+}
+
 // ---- progress ----
+
+TEST_F(VolumeRaw, TheEndOfTheProgressDoesNotEndTheApplication)
+{
+    QSignalSpy quit(qApp, &QGuiApplication::lastWindowClosed);
+    ASSERT_TRUE(loadFile(rawHeader(20, 20, 1, 8) + QByteArray(400, 'a')));
+    QCoreApplication::processEvents();
+    EXPECT_EQ(quit.count(), 0);
+}
 
 TEST_F(VolumeRaw, ProgressHasTwoTitlesAndAStepForEachFrame)
 {

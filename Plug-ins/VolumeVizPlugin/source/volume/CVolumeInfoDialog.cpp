@@ -37,6 +37,7 @@ CVolumeInfoDialog::CVolumeInfoDialog(QWidget* parent, const char* name, bool mod
     setupUi(this);
     setObjectName(QString::fromLatin1(name));
     setModal(modal);
+    setAttribute(Qt::WA_QuitOnClose, false);
     CVolumeInfoDialog::init();
 }
 

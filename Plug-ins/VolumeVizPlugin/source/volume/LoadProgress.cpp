@@ -5,6 +5,8 @@
 LoadProgress::LoadProgress(const QString& title)
     : m_dialog(nullptr, nullptr, true, {})
 {
+    // Where no other window is shown, its closing must not end the application.
+    m_dialog.setAttribute(Qt::WA_QuitOnClose, false);
     m_dialog.initDialog();
     m_dialog.setWindowTitle(title);
     m_dialog.setModal(true);
