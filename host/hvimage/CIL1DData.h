@@ -25,7 +25,7 @@ public:
     bool getData(HVSDataTypes type, void* out) const;
 
     // Position, counted in values, at which the row reaches `level` for the first time, interpolated linearly
-    // between the two neighbours.
+    // between the two neighbours. The number of values when it never does.
     double findLevel(float level) const;
 
 protected:

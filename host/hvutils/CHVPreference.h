@@ -34,6 +34,7 @@ public:
     // Emitter of activeUserChanged() and updatePreferenceSetting(). Never null; owned by the host.
     static CHVPreferenceSignalHandler* getSignalHandler();
 
+    // Copies the preferences of the 3D views.
     static void get3DViewPreferences(S3DViewSettings& settings);
 
     // Size in pixels that a new window should have: of the whole workspace, or of a dialog.

@@ -22,7 +22,8 @@ public:
     static QStringList getFilterList();
     static QStringList getExtensionList();
 
-    /// Creates the file; 0 for success.
+    /// Creates the file. 0 for success; eStatusMovieFormatUnavailable (76) where this system cannot write the
+    /// format that the path's suffix names.
     tag_estatus createMovie(sMovieDetails details, QString path);
     /// Appends one frame; `bits` are those of `frame`. 0 for success.
     tag_estatus appendFrame(void* bits, HVSMovieBufferTypes type, QImage frame);

@@ -48,7 +48,8 @@ public:
     void setCroppingBBox(Vec3f* const corners);
 
     /// From a value in Hounsfield units to the stored value, by the calibration of the system that took the
-    /// volume: the voxel value as a real number, the stored value, and the two calibration values.
+    /// volume: the stored value as a real number and as an integer, and the two calibration values (air,
+    /// water). All four are 0 without a calibration.
     void CTHUValueReverseToVoxelsConverter(int hounsfield, float* value, int* voxel, int* calibrationA,
                                            int* calibrationB);
 

@@ -20,6 +20,7 @@ public:
 
     /// Voxels below the threshold are not drawn; in units of the reconstruction.
     void setThreshold(float threshold);
+    /// The threshold that a fresh reconstruction gets, and the lowest value in the reconstruction.
     float getDefaultThreshold();
     float getAttribMinValue();
 
