@@ -15,9 +15,10 @@ class HVAPI_EXPORT C3DVolumeData : public C3DObject
     Q_OBJECT
 
 public:
-    /// A volume without voxels, with an empty box, the axis orientation +1, +1, +1 and the default colour table: a
-    /// grey ramp (red, green and blue equal the voxel value), clear up to 60 and opaque from 180, with the alpha
-    /// 255 * (3 s^2 - 2 s^3), s = (value - 60) / 120, between them: bone shows, air and soft tissue do not.
+    /// A volume without voxels, with an empty box, the axis orientation +1, +1, +1 and the default colour
+    /// table: a grey ramp (red, green and blue equal the voxel value), clear up to 60 and opaque from 180,
+    /// with the alpha 255 * (3 s^2 - 2 s^3), s = (value - 60) / 120, between them: bone shows, air and soft
+    /// tissue do not.
     explicit C3DVolumeData(QString name);
     ~C3DVolumeData() override;
 
