@@ -5,6 +5,7 @@
 #include "hvapi/values/sCropBoxOffset.h"
 #include "hvapi/windows/CHVSMdiSubWindow.h"
 #include "hvapi/windows/CHVSSequenceWindow.h"
+#include "hvutils/CHVSErrorHandler.h"
 #include "lib/hvapi/sequence/SequenceRegistry.h"
 #include "lib/hvapi/windows/WindowRegistry.h"
 #include "render/CGLVolume.h"
@@ -14,6 +15,7 @@
 #include <QFileDialog>
 #include <QLineEdit>
 #include <QSignalSpy>
+#include <QTimer>
 
 namespace {
 
@@ -30,6 +32,13 @@ protected:
         return !paths.isEmpty() &&
                SequenceRegistry::instance().loadedVolumetricData(sequence) == paths.mid(0, 1) &&
                record("S1").fileList == paths.mid(0, 1);
+    }
+    /// The host's own text for a status.
+    QString textOf(int status)
+    {
+        host.answers.prepend(1024);
+        CHVSErrorHandler::errorMessage(nullptr, static_cast<tag_estatus>(status), QString());
+        return host.asked.takeLast().text;
     }
     bool loadGiven(const QString& path) { return palette->onLoadVolumeData({path}, -1, -1); }
 
@@ -269,6 +278,7 @@ TEST_F(LoadFlow, AMissingFileIsUnreadableForTheGivenList)
     EXPECT_FALSE(loadGiven(files.filePath("none.raw")));
     ASSERT_EQ(host.asked.size(), 1);
     EXPECT_EQ(host.asked.first().kind, HostQuestion::Error);
+    EXPECT_EQ(host.asked.first().text, textOf(65));
     EXPECT_EQ(host.asked.first().parent, palette);
     EXPECT_FALSE(record("S1").bModified);
 }
@@ -292,6 +302,7 @@ TEST_F(LoadFlow, AFileThatIsNoVolumeIsRefused)
     EXPECT_FALSE(loadGiven(writeFile("letter.txt", "Dear reader")));
     ASSERT_EQ(host.asked.size(), 1);
     EXPECT_EQ(host.asked.first().kind, HostQuestion::Error);
+    EXPECT_EQ(host.asked.first().text, textOf(11));
     EXPECT_EQ(nodeOf(sequence), nullptr);
     EXPECT_TRUE(SequenceRegistry::instance().loadedVolumetricData(sequence).isEmpty());
 }
@@ -386,4 +397,52 @@ TEST_F(LoadFlow, AnOpticalSequenceCanTakeAVolume)
     EXPECT_TRUE(loadGiven(writeRaw("a.raw")));
     EXPECT_NE(nodeOf(optical), nullptr);
     EXPECT_EQ(nodeOf(sequence), nullptr);
+}
+
+TEST_F(LoadFlow, AnUnreadableFileIsToldInBothWays)
+{
+    const QString path = writeRaw("locked.raw");
+    QFile::setPermissions(path, QFileDevice::Permissions());
+    if (QFileInfo(path).isReadable()) GTEST_SKIP() << "this user may read everything";
+    host.answers = {1024, 1024};
+    EXPECT_FALSE(loadGiven(path));
+    EXPECT_FALSE(loadDropped({path}));
+    const QString text = textOf(65);
+    ASSERT_EQ(host.asked.size(), 2);
+    EXPECT_EQ(host.asked.at(0).text, text);
+    EXPECT_EQ(host.asked.at(1).text, text);
+}
+
+TEST_F(LoadFlow, WithoutAWindowTheLoadGoesOnToTheMissingNode)
+{
+    SequenceDescription hidden;
+    hidden.id = "S2";
+    hidden.kind = SequenceKind::Ct;
+    CHVSSequenceDataset* windowless = SequenceRegistry::instance().add(hidden);
+    emit windowless->updateOnChangeSequence();
+    EXPECT_EQ(palette->getCurrentSeqID(), QString("S2"));
+    EXPECT_FALSE(loadGiven(writeRaw("a.raw")));
+    EXPECT_EQ(host.logged(3),
+              QStringList({"Invalid sequence window handle to proceed.",
+                           "Failed to create a volume rendering object instance - unable to continue"}));
+    EXPECT_FALSE(record("S2").bVolumeLoaded);
+}
+
+TEST_F(LoadFlow, AnotherNodeOfThatNameIsNoVolume)
+{
+    C3DSGManager* graph = sequence->get3DSGManager();
+    ASSERT_TRUE(graph->addChild(graph->getRootNode(), new C3DObject("GLVolume")));
+    EXPECT_FALSE(loadGiven(writeRaw("a.raw")));
+    EXPECT_EQ(host.logged(3),
+              QStringList("Failed to create a volume rendering object instance - unable to continue"));
+}
+
+TEST_F(LoadFlow, ASequenceThatGoesDuringTheReadEndsTheLoad)
+{
+    const QString path = writeRaw("a.raw");
+    QTimer::singleShot(0, [this] { close(sequence); });  // the reader's progress keeps the events running
+    EXPECT_FALSE(loadGiven(path));
+    EXPECT_EQ(palette->recordOf("S1"), nullptr);
+    EXPECT_EQ(host.cursorDepth, 0);
+    EXPECT_FALSE(QFile::exists(dumpPath("S1")));
 }

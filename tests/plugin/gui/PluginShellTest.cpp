@@ -131,7 +131,7 @@ TEST_F(PluginShell, ValidityFollowsTheSequence)
     EXPECT_EQ(validity, QList<bool>({true, true, true, false}));
 }
 
-TEST_F(PluginShell, AnotherTabOfTheWindowDisablesThePalette)
+TEST_F(PluginShell, BothTabsOfTheWindowEnableThePalette)
 {
     CHVSSequenceDataset* sequence = openCurrent("S1", SequenceKind::Sla);
     QTabWidget* tabs = tabsOf(windowOf(sequence));
@@ -139,7 +139,9 @@ TEST_F(PluginShell, AnotherTabOfTheWindowDisablesThePalette)
     tabs->setCurrentIndex(0);
     validity.clear();
     plugin.onSignalSequenceChanged(sequence);
-    EXPECT_EQ(validity, QList<bool>({true}));
+    tabs->setCurrentIndex(1);
+    plugin.onSignalSequenceChanged(sequence);
+    EXPECT_EQ(validity, QList<bool>({true, true}));
 }
 
 TEST_F(PluginShell, ATabNameEnablesOrDisablesThePalette)

@@ -121,6 +121,6 @@ void CHVVolumeVizPalette::updateSliceTab(const SVolVizControls& record)
     quietly(m_pSliceColorButtonGroup, [&](QButtonGroup&) {
         (byTransferFunction ? m_pSliceUseTransferFunction : m_pSliceUseColorTable)->setChecked(true);
     });
-    m_pSliceColorTableGroupBox->setEnabled(!byTransferFunction);
+    enableControl(m_pSliceColorTableGroupBox, !byTransferFunction);
     check(m_pSliceReverseColorMapCheck, record.bSliceColorTableReverse);
 }

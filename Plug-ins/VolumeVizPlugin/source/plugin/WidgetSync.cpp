@@ -5,6 +5,7 @@
 #include <QAbstractSpinBox>
 #include <QComboBox>
 #include <QGroupBox>
+#include <QLabel>
 
 namespace {
 
@@ -16,8 +17,7 @@ constexpr const char* wiredControls[] = {
 bool isControl(const QWidget* widget)
 {
     if (!widget->objectName().startsWith(QLatin1String("m_p"))) return false;
-    const auto* group = qobject_cast<const QGroupBox*>(widget);
-    return (group && group->isCheckable()) || qobject_cast<const QAbstractButton*>(widget) ||
+    return qobject_cast<const QGroupBox*>(widget) || qobject_cast<const QAbstractButton*>(widget) ||
            qobject_cast<const QComboBox*>(widget) || qobject_cast<const QAbstractSlider*>(widget) ||
            qobject_cast<const QAbstractSpinBox*>(widget);
 }
@@ -39,6 +39,9 @@ void enableControl(QWidget* control, bool enabled)
 void disableUnwiredControls(QWidget* form)
 {
     const QList<QWidget*> widgets = form->findChildren<QWidget*>();
-    for (QWidget* widget : widgets)
-        if (isControl(widget) && !isWired(widget->objectName())) widget->setEnabled(false);
+    for (QWidget* widget : widgets) {
+        const auto* label = qobject_cast<const QLabel*>(widget);
+        const QWidget* control = label ? label->buddy() : widget;
+        if (control && isControl(control) && !isWired(control->objectName())) widget->setEnabled(false);
+    }
 }

@@ -21,5 +21,5 @@ bool isWired(const QString& controlName);
 /// Enables or disables a control; one that is not wired stays disabled.
 void enableControl(QWidget* control, bool enabled);
 
-/// Disables all controls below `form` that are not wired.
+/// Disables all controls below `form` that are not wired, with the labels that belong to them.
 void disableUnwiredControls(QWidget* form);
