@@ -21,7 +21,8 @@ LongProcessDialog::LongProcessDialog(QWidget* parent)
     setProperty("alwaysInteractive", true);
     // the base starts a clock of its own; this one opens when told
     reset();
-    disconnect(this, &QProgressDialog::canceled, this, &QProgressDialog::cancel);
+    // the base made this connection by names, and only by names it is found again
+    disconnect(this, SIGNAL(canceled()), this, SLOT(cancel()));
     connect(this, &QProgressDialog::canceled, this, &LongProcessDialog::abortRequested);
 }
 

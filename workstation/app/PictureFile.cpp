@@ -29,6 +29,12 @@ bool write(const QImage& picture, const QString& path, QString& reason)
         reason = QStringLiteral("'%1' has no ending of a picture format that can be written").arg(path);
         return false;
     }
+    // the file is replaced, not written into: a device or pipe would be gone afterwards
+    const QFileInfo target(path);
+    if (target.exists() && !target.isFile()) {
+        reason = QStringLiteral("'%1' can't be written: it is no plain file").arg(path);
+        return false;
+    }
     QSaveFile file(path);
     if (!file.open(QIODevice::WriteOnly)) {
         reason = QStringLiteral("'%1' can't be written: %2").arg(path, file.errorString());
