@@ -88,6 +88,7 @@ MainWindow::MainWindow(ApplicationServices& services, QWidget* parent)
 
 MainWindow::~MainWindow()
 {
+    m_pWorkspace->closeWhatIsLeft();
     // Plug-ins hold palettes and windows of ours: they go while all of it exists.
     m_plugins.endPlugins();
 }
@@ -199,13 +200,19 @@ MainWindow::OpenResult MainWindow::openVolume(const QStringList& files)
         absolute << QFileInfo(file).absoluteFilePath();
     if (absolute.isEmpty() || (!m_pWorkspace->activeSequence() && !newScene())) return OpenResult::Failed;
 
-    const QString id = m_pWorkspace->activeSequence()->getSequenceID();
+    // A load clears the sequence's files and names them anew when it ends well; one that is refused at once
+    // leaves those of the volume before.
+    bool isLoaded = false;
+    const SequenceRegistry& registry = SequenceRegistry::instance();
+    const auto follow = [&isLoaded, &registry](CHVSSequenceDataset* sequence) {
+        isLoaded = !registry.loadedVolumetricData(sequence).isEmpty();
+    };
+    const QMetaObject::Connection following =
+        connect(&registry, &SequenceRegistry::loadedVolumetricDataChanged, this, follow);
     QMetaObject::invokeMethod(reader, loaderSlot, Qt::DirectConnection, Q_ARG(QStringList, absolute),
                               Q_ARG(int, -1), Q_ARG(int, -1));
-    // the load handles events, and the user may have closed the sequence meanwhile
-    CHVSSequenceDataset* sequence = CHVSSequenceDataset::getSequenceDataset(id);
-    if (!sequence || SequenceRegistry::instance().loadedVolumetricData(sequence).isEmpty())
-        return OpenResult::Failed;
+    disconnect(following);
+    if (!isLoaded) return OpenResult::Failed;
     if (m_services.mode() == ApplicationServices::Mode::Attended) {
         m_recent.add(absolute);
         CHVPreference::getSettings()->setRecentFilePath(absolute.first());

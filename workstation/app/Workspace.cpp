@@ -95,6 +95,7 @@ CHVSMdiSubWindow* Workspace::addTool(QWidget* tool)
 
 void Workspace::wrap(CHVSSequenceWindow* window)
 {
+    if (window->parentWidget()) return;
     auto* frame = new CHVSMdiSubWindow;
     frame->setWidget(window);
     frame->setWindowIcon(Icons::make(Icons::Shape::Program));
@@ -129,7 +130,11 @@ void Workspace::onActiveChanged(CHVSChildWindow*)
 
 bool Workspace::closeSequence(CHVSSequenceDataset* sequence)
 {
-    if (!mayClose()) return false;
+    return mayClose() && close(sequence);
+}
+
+bool Workspace::close(CHVSSequenceDataset* sequence)
+{
     ++m_closing;
     const bool isClosed = SequenceRegistry::instance().close(sequence);
     if (isClosed) {
@@ -165,6 +170,13 @@ bool Workspace::closeAll()
     while (!sequences.isEmpty())
         closeSequence(sequences.takeLast());
     return SequenceRegistry::instance().sequences().isEmpty();
+}
+
+void Workspace::closeWhatIsLeft()
+{
+    const QList<CHVSSequenceDataset*> sequences = m_frames.keys();
+    for (CHVSSequenceDataset* sequence : sequences)
+        close(sequence);
 }
 
 QList<QMdiSubWindow*> Workspace::shownWindows() const

@@ -40,6 +40,9 @@ public:
     /// Closes every sequence, the last one first. False when nothing may be closed now.
     bool closeAll();
 
+    /// The same for the end of the program, when nobody is asked any more.
+    void closeWhatIsLeft();
+
     /// Sub-windows in the order of their opening, the hidden ones left out.
     QList<QMdiSubWindow*> shownWindows() const;
 
@@ -60,6 +63,7 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
+    bool close(CHVSSequenceDataset* sequence);
     void wrap(CHVSSequenceWindow* window);
     void welcome(CHVSSequenceDataset* sequence);
     void onActiveChanged(CHVSChildWindow* window);

@@ -12,6 +12,17 @@
 #include <gtest/gtest.h>
 
 #include <memory>
+#include <ostream>
+
+// What a failed comparison shows.
+inline void PrintTo(const QString& text, std::ostream* out)
+{
+    *out << '"' << text.toStdString() << '"';
+}
+inline void PrintTo(const QStringList& texts, std::ostream* out)
+{
+    *out << '[' << texts.join(QStringLiteral(" | ")).toStdString() << ']';
+}
 
 /// The main window with the recording plug-in, its data and settings in a folder of the test's own.
 class AppFixture : public testing::Test

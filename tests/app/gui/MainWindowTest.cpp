@@ -43,8 +43,7 @@ QAction* actionNamed(const MainWindow& window, const QString& name)
     for (const QMenu* menu : menus) {
         const QList<QAction*> actions = menu->actions();
         for (QAction* action : actions) {
-            if (action->objectName() == name)
-                return action;
+            if (action->objectName() == name) return action;
         }
     }
     throw std::runtime_error("no action " + name.toStdString());
