@@ -87,12 +87,20 @@ int ApplicationServices::ask(HostQuestion const& question)
 {
     if (m_mode == Mode::Attended) return HostServices::ask(question);
     const int answer = safeAnswer(question);
+    const long kind = question.kind == HostQuestion::Error     ? error
+                      : question.kind == HostQuestion::Warning ? warning
+                                                               : 1;
     HostLogEntry entry;
-    entry.message = QStringLiteral("Nobody to ask: \"%1\" Answered: %2.")
-                        .arg(oneLine(question.text), buttonText(question, answer));
-    // a box that only tells something is an entry of its own kind; a question was an event worth knowing of
-    const bool isQuestion = question.buttons.size() > 1;
-    entry.severity = question.kind == HostQuestion::Error ? error : isQuestion ? warning : 1;
+    if (question.buttons.size() > 1) {
+        entry.severity = qMax(kind, warning);
+        entry.message = QStringLiteral("Nobody to ask: \"%1\" Answered: %2.")
+                            .arg(oneLine(question.text), buttonText(question, answer));
+    } else {
+        // a box that only tells something, and often tells what the log was told just now
+        entry.severity = kind;
+        entry.message = question.text;
+        if (oneLine(question.text) == lastComplaint()) return answer;
+    }
     log(entry);
     return answer;
 }

@@ -9,25 +9,56 @@
 #include <QSurfaceFormat>
 
 #include <clocale>
+#include <vector>
 
 namespace {
 
 QtMessageHandler g_terminal = nullptr;
+
+struct Early
+{
+    QtMsgType type;
+    QString category;
+    QString message;
+};
+
+/// What Qt said before there was a log, from one thread.
+std::vector<Early>& earlyMessages()
+{
+    static std::vector<Early> messages;
+    return messages;
+}
+
+void log(QtMsgType type, const QString& category, const QString& message)
+{
+    const long severity = type == QtCriticalMsg  ? CHVSLog::eError
+                          : type == QtWarningMsg ? CHVSLog::eWarning
+                                                 : CHVSLog::eInformation;
+    getLogObject()->log(message, category, 0, QString(), severity, false);
+}
+
+void keep(QtMsgType type, const QMessageLogContext& context, const QString& message)
+{
+    if (type != QtFatalMsg) {
+        earlyMessages().push_back({type, QString::fromLatin1(context.category), message});
+        return;
+    }
+    // the program ends here: what led to it is wanted
+    for (const Early& early : earlyMessages())
+        g_terminal(early.type, QMessageLogContext(), early.message);
+    g_terminal(type, context, message);
+}
 
 void toLog(QtMsgType type, const QMessageLogContext& context, const QString& message)
 {
     // a warning that comes out of the log itself must not go round in circles
     thread_local bool busy = false;
     if (type == QtFatalMsg || busy) {
-        if (g_terminal) g_terminal(type, context, message);
+        g_terminal(type, context, message);
         return;
     }
     busy = true;
-    const bool isGrave = type == QtCriticalMsg;
-    const long severity = isGrave                ? CHVSLog::eError
-                          : type == QtWarningMsg ? CHVSLog::eWarning
-                                                 : CHVSLog::eInformation;
-    getLogObject()->log(message, QString::fromLatin1(context.category), 0, QString(), severity, false);
+    log(type, QString::fromLatin1(context.category), message);
     busy = false;
 }
 
@@ -37,6 +68,7 @@ namespace StartUp {
 
 void beforeApplication()
 {
+    g_terminal = qInstallMessageHandler(keep);
     QCoreApplication::setApplicationName(QStringLiteral("halvane"));
     QCoreApplication::setApplicationVersion(QStringLiteral(HALVANE_VERSION));
 
@@ -57,14 +89,16 @@ void beforeApplication()
 void afterApplication(QApplication& application)
 {
     std::setlocale(LC_NUMERIC, "C");
-    QApplication::setApplicationDisplayName(QStringLiteral("Halvane"));
     QApplication::setWindowIcon(Icons::make(Icons::Shape::Program));
     Theme::apply(application);
 }
 
 void routeQtMessages()
 {
-    g_terminal = qInstallMessageHandler(toLog);
+    qInstallMessageHandler(toLog);
+    for (const Early& early : earlyMessages())
+        log(early.type, early.category, early.message);
+    earlyMessages().clear();
 }
 
 void stopRouting()

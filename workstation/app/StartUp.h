@@ -8,6 +8,7 @@ class QApplication;
 namespace StartUp {
 
 /// Sharing of GL objects between all views, the surface format, the window system, the names of the program.
+/// What Qt says from now on is kept for routeQtMessages().
 void beforeApplication();
 
 /// Numbers are read and written with a point, whatever the user's language; the program's looks.
