@@ -2,7 +2,8 @@
 
 #include <gmock/gmock.h>
 
-#include <regex>
+#include <QRegularExpression>
+#include <QString>
 #include <string>
 
 using ::testing::HasSubstr;
@@ -13,18 +14,23 @@ namespace {
 /// The text without its comments.
 std::string code(const char* text)
 {
-    return std::regex_replace(std::string(text), std::regex("//[^\n]*"), "");
+    return QString(text).remove(QRegularExpression("//[^\n]*")).toStdString();
 }
 
 int count(const std::string& text, const std::string& word)
 {
-    const std::regex whole("\\b" + word + "\\b");
-    return static_cast<int>(std::distance(std::sregex_iterator(text.begin(), text.end(), whole), {}));
+    return QString::fromStdString(text).count(
+        QRegularExpression("\\b" + QString::fromStdString(word) + "\\b"));
 }
 
-bool declares(const std::string& text, const std::string& type, const std::string& name)
+bool matches(const std::string& text, const QString& pattern)
 {
-    return std::regex_search(text, std::regex("uniform\\s+" + type + "\\s+" + name + "\\s*;"));
+    return QRegularExpression(pattern).match(QString::fromStdString(text)).hasMatch();
+}
+
+bool declares(const std::string& text, const QString& type, const QString& name)
+{
+    return matches(text, QString("uniform\\s+%1\\s+%2\\s*;").arg(type, name));
 }
 
 struct VolumeTexts : ::testing::TestWithParam<const char*>
@@ -87,9 +93,9 @@ TEST(QualityText, SortsAsFarAsTheMiddleNeedsIt)
 TEST(QualityText, OffersTheMeanButAlwaysAsksForTheMedian)
 {
     const std::string text = code(volumeQualityText);
-    EXPECT_TRUE(std::regex_search(text, std::regex("bool bMean\\)")));
-    EXPECT_TRUE(std::regex_search(text, std::regex("sampleFilter\\(p, [^;]*, false\\);")));
-    EXPECT_FALSE(std::regex_search(text, std::regex("sampleFilter\\([^;]*, true\\);")));
+    EXPECT_TRUE(matches(text, "bool bMean\\)"));
+    EXPECT_TRUE(matches(text, "sampleFilter\\(p, [^;]*, false\\);"));
+    EXPECT_FALSE(matches(text, "sampleFilter\\([^;]*, true\\);"));
 }
 
 TEST(PerformanceText, HasItsSymbolAndNoFilterCodeAtAll)
