@@ -8,7 +8,7 @@ class HVAPI_EXPORT CDicomImporter : public CDicomReader
 {
 public:
     CDicomImporter();
-    virtual ~CDicomImporter();
+    ~CDicomImporter() override;
 
     /// The test of a file by its path stays within reach beside the one below.
     using CDicomReader::isDicom;
