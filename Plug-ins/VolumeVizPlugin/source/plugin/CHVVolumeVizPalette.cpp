@@ -112,6 +112,7 @@ void CHVVolumeVizPalette::createResultsTab()
     // The control enables its buttons by itself; the strip keeps them from the user until they do something.
     m_pResultsStrip->setEnabled(isWired(m_pSaveResultsBtn->objectName()));
 
+    m_pCorvaneLV->setHeaderLabels({tr("Key"), tr("Value")});
     m_pCorvaneLV->setSelectionMode(QAbstractItemView::ExtendedSelection);
     m_pCorvaneLV->setRootIsDecorated(false);
     m_pCorvaneLV->clear();

@@ -9,7 +9,10 @@
 void CHVVolumeVizPalette::dragEnterEvent(QDragEnterEvent* event)
 {
     // The notice of an unsupported system is a single tab, and takes nothing.
-    if (event->mimeData()->hasUrls() && VolumeVizTabWidget->count() > 1) event->acceptProposedAction();
+    if (event->mimeData()->hasUrls() && VolumeVizTabWidget->count() > 1)
+        event->acceptProposedAction();
+    else
+        event->ignore();
 }
 
 void CHVVolumeVizPalette::dropEvent(QDropEvent* event)
