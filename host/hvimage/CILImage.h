@@ -20,17 +20,26 @@ public:
 
     // --- files ---
 
-    // Not 0 when the file is a picture that LoadFromTIFFFile can read. `path` in the file system's encoding.
+    // Not 0 when the file is a TIFF file with at least one picture, whatever the picture's samples are.
+    // `path` in the file system's encoding.
     static int canInitFromFile(char const* path);
 
-    // Reads the picture `frame` (from 0) of a file.
+    // Reads the picture `frame` (from 0) of a TIFF file and measures it. Whole numbers of 1 to 32 bits, one a
+    // pixel, come out as the narrowest of eTypeUInt8, eTypeUInt16 and eTypeUInt32 that has their bits; signed
+    // ones are moved up by half of their range. False for any other picture and for what can't be read: the
+    // image then has no samples and no type, and the log has the reason.
     bool LoadFromTIFFFile(char const* path, int frame);
 
-    // Of the loaded file: number of pictures; samples of one of them (owned by the image, null when
-    // unreadable); resolutions as they stand in the file (0 when absent) and their unit (1 none, 2 inch, 3
-    // centimetre); size of the picture as stored, in pixels; whether it has more than one sample a pixel.
+    // Number of pictures in the file that was loaded last; 0 when it could not be read.
     int getImageCount() const;
+
+    // Reads another picture of the file that was loaded last, as LoadFromTIFFFile does, and returns its
+    // samples (owned by the image); null when it can't be read. Pictures may be asked for in any order.
     void const* getFrameData(int frame);
+
+    // Of the picture that was read last, readable or not: resolutions as they stand in the file (0 when
+    // absent) and their unit (1 none, 2 inch, 3 centimetre); size as stored, in pixels (0 when not known);
+    // whether it has more than one sample a pixel.
     float getXResolution() const;
     float getYResolution() const;
     int getResolutionUnit() const;
@@ -70,7 +79,8 @@ public:
 
     // --- statistics ---
 
-    // Measures the samples. No other operation does so: call it after samples were written.
+    // Measures the samples. No other operation does so, except those that read a picture of a file: call it
+    // after samples were written.
     void RefreshImageStats();
 
     // Lowest and highest sample as RefreshImageStats() found them; samples that are no numbers do not count.
@@ -93,6 +103,8 @@ public:
     void setPalette(CILPalette const& palette);
 
 private:
+    bool readPage(int number);
+
     class ImagePrivate;
     std::unique_ptr<ImagePrivate> m_image;
 };

@@ -1,19 +1,13 @@
 #include "hvimage/CILImage.h"
 
 #include "CILImageBasePrivate.h"
+#include "CILImagePrivate.h"
 #include "logic/AreaAverage.h"
-#include "logic/SampleRange.h"
 #include "logic/SampleTypes.h"
 
 #include <cstring>
 #include <limits>
 #include <utility>
-
-class CILImage::ImagePrivate
-{
-public:
-    hvimage::SampleRange range;
-};
 
 CILImage::CILImage()
     : m_image(std::make_unique<ImagePrivate>())
