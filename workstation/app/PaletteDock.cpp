@@ -23,10 +23,6 @@ PaletteDock::PaletteDock(QWidget* parent)
 
     auto* content = new QWidget;
     content->setMinimumWidth(usualWidth - 24);
-    // palettes are narrow and full of words
-    QFont small = content->font();
-    small.setPointSizeF(small.pointSizeF() * 0.88);
-    content->setFont(small);
     m_pColumn = new QVBoxLayout(content);
     m_pColumn->setContentsMargins(6, 6, 6, 6);
     m_pColumn->setSpacing(4);

@@ -29,7 +29,7 @@ QPalette palette()
     colours.setColor(QPalette::AlternateBase, field.lighter(112));
     colours.setColor(QPalette::Text, text);
     colours.setColor(QPalette::PlaceholderText, quietText);
-    colours.setColor(QPalette::Button, QColor(0x38, 0x3b, 0x40));
+    colours.setColor(QPalette::Button, QColor(0x31, 0x33, 0x37));
     colours.setColor(QPalette::ButtonText, text);
     colours.setColor(QPalette::BrightText, Qt::white);
     colours.setColor(QPalette::Light, QColor(0x4a, 0x4e, 0x54));
@@ -43,7 +43,7 @@ QPalette palette()
     colours.setColor(QPalette::LinkVisited, information.darker(120));
     colours.setColor(QPalette::ToolTipBase, QColor(0x3a, 0x3d, 0x42));
     colours.setColor(QPalette::ToolTipText, text);
-    const QColor faded(0x70, 0x74, 0x7a);
+    const QColor faded(0x7c, 0x80, 0x87);
     for (const QPalette::ColorRole role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
         colours.setColor(QPalette::Disabled, role, faded);
     colours.setColor(QPalette::Disabled, QPalette::Base, window);
@@ -73,9 +73,7 @@ QString styleSheet()
         QMainWindow::separator { background: %2; width: 4px; height: 4px; }
         QMainWindow::separator:hover { background: %5; }
         QMainWindow > QToolBar { background: %1; border: none; border-bottom: 1px solid %3; padding: 3px; spacing: 3px; }
-        QMainWindow > QToolBar QToolButton { padding: 4px 8px; border-radius: 3px; border: 1px solid transparent; }
-        QMainWindow > QToolBar QToolButton:hover { background: %3; }
-        QMainWindow > QToolBar QToolButton:pressed { background: %2; }
+        PaletteDock QScrollArea QWidget { font-size: 8pt; }
         QMainWindow > QDockWidget { color: %4; }
         QMainWindow > QDockWidget::title { background: %1; border-bottom: 1px solid %3; padding: 6px 8px; text-align: left; }
     )")
