@@ -592,4 +592,22 @@ TEST_F(ShownViewTest, ChangesOfANodeRepaintTheView)
     EXPECT_EQ(paintsAfter([&] { delete volume; }), 1);
 }
 
+TEST_F(ViewTest, FocusAndActivityCostNoFrame)
+{
+    ColouredBox* box = addBox();
+    scene.setFocusPolicy(Qt::StrongFocus);
+    scene.show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&scene));
+    QApplication::setActiveWindow(&scene);
+    QTest::qWait(100);
+    const int before = box->frames;
+    EXPECT_GT(before, 0);
+    scene.setFocus();
+    scene.clearFocus();
+    QEvent activity(QEvent::ActivationChange);
+    QApplication::sendEvent(&scene, &activity);
+    QTest::qWait(100);
+    EXPECT_EQ(box->frames, before);
+}
+
 }  // namespace

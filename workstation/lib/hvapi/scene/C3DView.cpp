@@ -194,6 +194,17 @@ void C3DView::hideEvent(QHideEvent* event)
     QOpenGLWidget::hideEvent(event);
 }
 
+// A frame shows neither focus nor activity, and may cost seconds without a graphics card: the base's repaint on each of
+// these, an opened menu for instance, is left out.
+void C3DView::focusInEvent(QFocusEvent*) {}
+
+void C3DView::focusOutEvent(QFocusEvent*) {}
+
+void C3DView::changeEvent(QEvent* event)
+{
+    if (event->type() != QEvent::ActivationChange) QOpenGLWidget::changeEvent(event);
+}
+
 C3DView::Private::Drag C3DView::Private::dragOf(const QMouseEvent& event) const
 {
     if (event.button() == Qt::MiddleButton) return Drag::Pan;
