@@ -194,8 +194,8 @@ void C3DView::hideEvent(QHideEvent* event)
     QOpenGLWidget::hideEvent(event);
 }
 
-// A frame shows neither focus nor activity, and may cost seconds without a graphics card: the base's repaint on each of
-// these, an opened menu for instance, is left out.
+// A frame shows neither focus nor activity, and may cost seconds without a graphics card: the base's repaint
+// on each of these, an opened menu for instance, is left out.
 void C3DView::focusInEvent(QFocusEvent*) {}
 
 void C3DView::focusOutEvent(QFocusEvent*) {}
