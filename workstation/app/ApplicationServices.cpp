@@ -2,6 +2,7 @@
 
 namespace {
 
+constexpr long information = 1;
 constexpr long warning = 2;
 constexpr long error = 3;
 constexpr long statusLineSeverity = 16;
@@ -85,24 +86,31 @@ void ApplicationServices::log(HostLogEntry const& entry)
 
 int ApplicationServices::ask(HostQuestion const& question)
 {
-    if (m_mode == Mode::Attended) return HostServices::ask(question);
-    const int answer = safeAnswer(question);
     const long kind = question.kind == HostQuestion::Error     ? error
                       : question.kind == HostQuestion::Warning ? warning
-                                                               : 1;
-    HostLogEntry entry;
-    if (question.buttons.size() > 1) {
-        entry.severity = qMax(kind, warning);
-        entry.message = QStringLiteral("Nobody to ask: \"%1\" Answered: %2.")
-                            .arg(oneLine(question.text), buttonText(question, answer));
-    } else {
-        // a box that only tells something, and often tells what the log was told just now
-        entry.severity = kind;
-        entry.message = question.text;
-        if (oneLine(question.text) == lastComplaint()) return answer;
+                                                               : information;
+    const bool isQuestion = question.buttons.size() > 1;
+    // A box that only tells something tells it the log as well: always when nobody sees it, and when it is an
+    // error, which the user may want to read again. Often the log was told just before.
+    if (!isQuestion && (m_mode == Mode::Unattended || kind == error) &&
+        oneLine(question.text) != lastComplaint())
+        logText(question.text, kind);
+    if (m_mode == Mode::Attended) return HostServices::ask(question);
+    const int answer = safeAnswer(question);
+    if (isQuestion) {
+        logText(QStringLiteral("Nobody to ask: \"%1\" Answered: %2.")
+                    .arg(oneLine(question.text), buttonText(question, answer)),
+                qMax(kind, warning));
     }
-    log(entry);
     return answer;
+}
+
+void ApplicationServices::logText(const QString& text, long severity)
+{
+    HostLogEntry entry;
+    entry.message = text;
+    entry.severity = severity;
+    log(entry);
 }
 
 void ApplicationServices::processChanged(HostProcessState const&)

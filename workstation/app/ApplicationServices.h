@@ -54,6 +54,8 @@ signals:
     void boxWanted(const LogEntry& entry);
 
 private:
+    void logText(const QString& text, long severity);
+
     const Mode m_mode;
     QString m_programData;
     mutable QMutex m_mutex;  ///< guards what follows
