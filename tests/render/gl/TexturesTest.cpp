@@ -145,6 +145,36 @@ TEST_F(Textures, AStaleErrorDoesNotHideThatMemoryIsOut)
     takeGlError();
 }
 
+/// What an event loop may do while the box is open: another view paints in its own context.
+struct PaintingServices : TestHostServices
+{
+    int ask(const HostQuestion& question) override
+    {
+        const GlCanvas other(8);
+        return TestHostServices::ask(question);
+    }
+};
+
+TEST_F(Textures, AfterTheBoxThePassGoesOnWhereItWas)
+{
+    loadConstant(8, 200);
+    PaintingServices painting;
+    painting.answerNextBox(1024);
+    GLint before = 0;
+    GLint after = -1;
+    glGetIntegerv(GL_FRAMEBUFFER_BINDING, &before);
+    {
+        const FailingUpload noMemory;
+        draw();
+    }
+    EXPECT_EQ(QOpenGLContext::currentContext(), &canvas.context());
+    glGetIntegerv(GL_FRAMEBUFFER_BINDING, &after);
+    EXPECT_EQ(after, before);
+    GLint stack = -1;
+    glGetIntegerv(GL_ATTRIB_STACK_DEPTH, &stack);
+    EXPECT_EQ(stack, 0);
+}
+
 TEST_F(Textures, OtherErrorsOfTheUploadAreIgnored)
 {
     loadConstant(8, 200);
