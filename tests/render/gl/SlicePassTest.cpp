@@ -251,6 +251,7 @@ TEST_F(ThickSlicePass, EachAxisHasItsSlab)
 
 TEST_F(ThickSlicePass, DoesNotLookAtTheDepthAndWritesNone)
 {
+    glEnable(GL_DEPTH_TEST);
     thick(4, 0.0, 0.3, GL_FUNC_ADD, 0.1);
     EXPECT_THAT(canvas.at(0, 0), IsColor(grey(2), grey(2), grey(2), 2));
     EXPECT_NEAR(canvas.depthAt(0, 0), 0.1, 1e-4);
