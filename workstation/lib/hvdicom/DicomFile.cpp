@@ -1,0 +1,313 @@
+#include "DicomFile.h"
+
+#include "DicomLibrary.h"
+#include "DicomText.h"
+#include "hvimage/CILImage.h"
+
+#include <dcmtk/dcmdata/dccodec.h>
+#include <dcmtk/dcmdata/dcdatset.h>
+#include <dcmtk/dcmdata/dcdeftag.h>
+#include <dcmtk/dcmdata/dcmetinf.h>
+#include <dcmtk/dcmdata/dcpixel.h>
+#include <dcmtk/dcmdata/dcpixseq.h>
+#include <dcmtk/dcmdata/dcpxitem.h>
+#include <dcmtk/dcmimgle/diutils.h>
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <cmath>
+#include <cstdio>
+#include <cstdlib>
+#include <exception>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace hvdicom {
+
+namespace {
+
+constexpr Uint32 longestReadAtOnce = 4096;
+constexpr unsigned long longestTextInTable = 1024;
+
+struct CloseFile
+{
+    void operator()(std::FILE* file) const { std::fclose(file); }
+};
+
+// Whole number at the beginning of a text, as scanf would take it.
+std::optional<std::int64_t> leadingInteger(QByteArray const& text)
+{
+    char* end = nullptr;
+    errno = 0;
+    long long const value = std::strtoll(text.constData(), &end, 10);
+    if (end == text.constData() || errno != 0) return std::nullopt;
+    return value;
+}
+
+int photometricByName(QByteArray const& name)
+{
+    if (name.isEmpty()) return EPI_Missing;
+    QByteArray plain;
+    for (char const c : name.toUpper())
+        if ((c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9')) plain += c;
+    for (SP_Interpretation const* entry = PhotometricInterpretationNames; entry->Name; ++entry)
+        if (plain == entry->Name) return entry->Type;
+    return EPI_Unknown;
+}
+
+// The beginning of an attribute of group 0008 or 0002, with which files without a header of their own begin.
+bool beginsWithAttribute(std::array<unsigned char, 8> const& b)
+{
+    bool const little = (b[0] == 0x08 || b[0] == 0x02) && b[1] == 0 && b[3] == 0;
+    bool const big = b[0] == 0 && (b[1] == 0x08 || b[1] == 0x02) && b[2] == 0;
+    return little || big;
+}
+
+}  // namespace
+
+bool isReadableFile(char const* path)
+{
+    struct stat status = {};
+    return path && *path && ::stat(path, &status) == 0 && S_ISREG(status.st_mode) &&
+           ::access(path, R_OK) == 0;
+}
+
+bool isDicomFile(char const* path)
+{
+    if (!isReadableFile(path)) return false;
+    std::array<unsigned char, 132> start = {};
+    std::size_t read = 0;
+    {
+        std::unique_ptr<std::FILE, CloseFile> const file(std::fopen(path, "rb"));
+        if (!file) return false;
+        read = std::fread(start.data(), 1, start.size(), file.get());
+    }
+    if (read == start.size() && std::equal(start.begin() + 128, start.end(), "DICM")) return true;
+    if (read < 8 || !beginsWithAttribute(
+                        {start[0], start[1], start[2], start[3], start[4], start[5], start[6], start[7]}))
+        return false;
+    // Without a header of its own any file might look like one: it has to be read, and say what it is.
+    DicomFile file;
+    return file.open(path) && (!file.text(DCM_SOPClassUID).isEmpty() || !file.text(DCM_Modality).isEmpty());
+}
+
+DicomFile::DicomFile()
+{
+    startDicom();
+}
+
+bool DicomFile::open(QByteArray const& path)
+{
+    m_file.reset();
+    m_cache.clear();
+    m_layout = PixelLayout();
+    m_layout.frames = 0;
+    m_pixelFault.clear();
+    m_photometric = EPI_Unknown;
+    m_fragmentOfFrame.clear();
+    if (!isReadableFile(path.constData())) return false;
+    try {
+        auto file = std::make_unique<DcmFileFormat>();
+        if (file->loadFile(OFFilename(path.constData()), EXS_Unknown, EGL_noChange, longestReadAtOnce,
+                           ERM_autoDetect)
+                .bad())
+            return false;
+        m_file = std::move(file);
+        readLayout();
+    } catch (std::exception const&) {
+        m_file.reset();
+    }
+    return isOpen();
+}
+
+QByteArray DicomFile::text(DcmTagKey const& tag, unsigned long position) const
+{
+    OFString value;
+    if (!m_file || m_file->getDataset()->findAndGetOFString(tag, value, position).bad()) return {};
+    return QByteArray(value.data(), static_cast<int>(value.size())).trimmed();
+}
+
+std::optional<double> DicomFile::number(DcmTagKey const& tag, unsigned long position) const
+{
+    bool good = false;
+    double const value = text(tag, position).toDouble(&good);
+    if (!good || !std::isfinite(value)) return std::nullopt;
+    return value;
+}
+
+QString DicomFile::string(DcmTagKey const& tag) const
+{
+    return decodedText(text(tag), text(DCM_SpecificCharacterSet));
+}
+
+QString DicomFile::implementationVersionName() const
+{
+    OFString value;
+    if (!m_file || m_file->getMetaInfo()->findAndGetOFString(DCM_ImplementationVersionName, value).bad())
+        return {};
+    return QString::fromLatin1(value.c_str()).trimmed();
+}
+
+QMap<QString, SGroupElemInfo> DicomFile::elements() const
+{
+    QMap<QString, SGroupElemInfo> map;
+    if (!m_file) return map;
+    QByteArray const characterSet = text(DCM_SpecificCharacterSet);
+    try {
+        for (DcmItem* const item :
+             {static_cast<DcmItem*>(m_file->getMetaInfo()), static_cast<DcmItem*>(m_file->getDataset())})
+            for (unsigned long i = 0; i < item->card(); ++i) {
+                DcmElement* const element = item->getElement(i);
+                if (!element) continue;
+                SGroupElemInfo info;
+                info.group = QStringLiteral("%1").arg(element->getGTag(), 4, 16, QLatin1Char('0')).toUpper();
+                info.element =
+                    QStringLiteral("%1").arg(element->getETag(), 4, 16, QLatin1Char('0')).toUpper();
+                info.name = QString::fromLatin1(DcmTag(element->getTag()).getTagName());
+                OFString value;
+                if (element->isLeaf() && element->getLength() <= longestTextInTable && element->isaString())
+                    element->getOFStringArray(value);
+                else if (element->isLeaf() && element->getLength() <= longestTextInTable &&
+                         element->ident() != EVR_OB && element->ident() != EVR_OW &&
+                         element->ident() != EVR_UN && element->ident() != EVR_PixelData &&
+                         element->ident() != EVR_ox)
+                    element->getOFStringArray(value);
+                info.value =
+                    decodedText(QByteArray(value.data(), static_cast<int>(value.size())), characterSet);
+                map.insert(info.group + QStringLiteral(", ") + info.element, info);
+            }
+    } catch (std::exception const&) {
+        // What has been read so far is as good as it was.
+    }
+    return map;
+}
+
+void DicomFile::readLayout()
+{
+    DcmDataset& dataset = *m_file->getDataset();
+    m_photometric = photometricByName(text(DCM_PhotometricInterpretation));
+    DcmElement* element = nullptr;
+    if (dataset.findAndGetElement(DCM_PixelData, element).bad() || !element ||
+        element->ident() != EVR_PixelData) {
+        m_pixelFault = QStringLiteral("it has no pixels");
+        return;
+    }
+    auto const unsignedValue = [this](DcmTagKey const& tag, std::uint64_t absent) {
+        QByteArray const value = text(tag);
+        if (value.isEmpty()) return absent;
+        std::optional<std::int64_t> const read = leadingInteger(value);
+        return read && *read >= 0 ? static_cast<std::uint64_t>(*read) : std::uint64_t{0};
+    };
+    auto const small = [&](DcmTagKey const& tag, std::uint64_t absent) {
+        return static_cast<unsigned>(std::min<std::uint64_t>(unsignedValue(tag, absent), 0xFFFF));
+    };
+    PixelLayout& layout = m_layout;
+    layout.columns = unsignedValue(DCM_Columns, 0);
+    layout.rows = unsignedValue(DCM_Rows, 0);
+    layout.frames = unsignedValue(DCM_NumberOfFrames, 1);
+    layout.samplesPerPixel = small(DCM_SamplesPerPixel, 1);
+    layout.bitsAllocated = small(DCM_BitsAllocated, 0);
+    layout.bitsStored = small(DCM_BitsStored, layout.bitsAllocated);
+    layout.highBit = small(DCM_HighBit, layout.bitsStored > 0 ? layout.bitsStored - 1 : 0);
+    layout.isSigned = small(DCM_PixelRepresentation, 0) == 1;
+    layout.lowIsWhite = m_photometric == EPI_Monochrome1;
+
+    auto& pixels = static_cast<DcmPixelData&>(*element);
+    E_TransferSyntax const syntax = dataset.getOriginalXfer();
+    DcmPixelSequence* fragments = nullptr;
+    if (pixels.getEncapsulatedRepresentation(syntax, nullptr, fragments).good() && fragments) {
+        layout.isEncapsulated = true;
+        layout.fragments = fragments->card() > 0 ? fragments->card() - 1 : 0;
+        for (unsigned long i = 1; i < fragments->card(); ++i) {
+            DcmPixelItem* item = nullptr;
+            if (fragments->getItem(item, i).good() && item) layout.elementBytes += item->getLength();
+        }
+        if (!DcmCodecList::canChangeCoding(syntax, EXS_LittleEndianExplicit)) {
+            m_pixelFault = QStringLiteral("its pixels are compressed by a method that is not known here (%1)")
+                               .arg(QLatin1String(DcmXfer(syntax).getXferName()));
+            return;
+        }
+    } else {
+        layout.elementBytes = pixels.getLength(syntax);
+    }
+    PixelFault const fault = hvdicom::pixelFault(layout);
+    if (fault != PixelFault::None)
+        m_pixelFault = QLatin1String(describe(fault));
+    else
+        m_coding = sampleCoding(layout);
+}
+
+bool DicomFile::isGrey() const
+{
+    return (m_photometric == EPI_Monochrome1 || m_photometric == EPI_Monochrome2) &&
+           m_layout.samplesPerPixel == 1;
+}
+
+bool DicomFile::readFrame(std::uint64_t frame, void* target)
+{
+    if (!m_file || !m_pixelFault.isEmpty() || !isGrey() || frame >= m_layout.frames) return false;
+    try {
+        return m_layout.isEncapsulated ? readCompressed(frame, target) : readPlain(frame, target);
+    } catch (std::exception const&) {
+        return false;
+    }
+}
+
+bool DicomFile::readFrame(std::uint64_t frame, CILImage& image)
+{
+    if (!m_file || !m_pixelFault.isEmpty() || !isGrey() || frame >= m_layout.frames) return false;
+    HVSDataTypes const type = sampleBits() == 8 ? eTypeUInt8 : sampleBits() == 16 ? eTypeUInt16 : eTypeUInt32;
+    if (!image.InitWithType(type, static_cast<long>(m_layout.columns), static_cast<long>(m_layout.rows)) ||
+        !readFrame(frame, image.get_data()))
+        return false;
+    image.RefreshImageStats();
+    return true;
+}
+
+bool DicomFile::readPlain(std::uint64_t frame, void* target)
+{
+    DcmElement* element = nullptr;
+    if (m_file->getDataset()->findAndGetElement(DCM_PixelData, element).bad() || !element) return false;
+    // Frames of less than a byte a sample follow one another without a gap. Words of two bytes are read
+    // whole.
+    std::uint64_t const firstBit = frame * frameBits(m_layout);
+    std::uint64_t const first = firstBit / 8 & ~std::uint64_t{1};
+    std::uint64_t const end = (firstBit + frameBits(m_layout) + 7) / 8;
+    std::uint64_t const length = end - first;
+    auto const skipped = static_cast<unsigned>(firstBit - first * 8);
+    bool const inPlace = skipped == 0 && m_layout.bitsAllocated == sampleBits();
+    if (!inPlace) m_words.resize(static_cast<std::size_t>((length + 3) / 4));
+    void* const raw = inPlace ? target : m_words.data();
+    if (element->getPartialValue(raw, static_cast<Uint32>(first), static_cast<Uint32>(length), &m_cache)
+            .bad())
+        return false;
+    if (inPlace && isPlain(m_coding, sampleBits())) return true;
+    decodeSamples(m_coding, static_cast<unsigned char const*>(raw) + skipped / 8, skipped % 8,
+                  static_cast<std::size_t>(samplesPerFrame(m_layout)), sampleBits(), target);
+    return true;
+}
+
+bool DicomFile::readCompressed(std::uint64_t frame, void* target)
+{
+    DcmElement* element = nullptr;
+    DcmDataset& dataset = *m_file->getDataset();
+    if (dataset.findAndGetElement(DCM_PixelData, element).bad() || !element) return false;
+    std::uint64_t const length = frameBytes(m_layout);
+    if (length > 0xFFFFFFF0U) return false;
+    m_words.resize(static_cast<std::size_t>((length + 7) / 4));
+    Uint32 fragment = frame < m_fragmentOfFrame.size() ? m_fragmentOfFrame[frame] : 0;
+    OFString colorModel;
+    if (static_cast<DcmPixelData*>(element)
+            ->getUncompressedFrame(&dataset, static_cast<Uint32>(frame), fragment, m_words.data(),
+                                   static_cast<Uint32>(length + length % 2), colorModel, &m_cache)
+            .bad())
+        return false;
+    if (m_fragmentOfFrame.size() <= frame) m_fragmentOfFrame.resize(frame + 1, 0);
+    if (m_fragmentOfFrame.size() == frame + 1) m_fragmentOfFrame.push_back(fragment);
+    decodeSamples(m_coding, m_words.data(), 0, static_cast<std::size_t>(samplesPerFrame(m_layout)),
+                  sampleBits(), target);
+    return true;
+}
+
+}  // namespace hvdicom
