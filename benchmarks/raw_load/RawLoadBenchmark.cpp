@@ -82,7 +82,7 @@ struct TestFile
                 random = random * 1664525U + 1013904223U;
                 sample = static_cast<std::uint16_t>((random >> 20) + 100);
             }
-            file.write(reinterpret_cast<const char*>(frame.data()), static_cast<qint64>(pixels * 2));
+            file.write(reinterpret_cast<const char*>(frame.data()), static_cast<qint64>(pixels) * 2);
         }
     }
 };
