@@ -103,6 +103,23 @@ TEST(VolumeMemoryProbe, LeavesNoContextCurrentWhereThereWasNone)
     EXPECT_EQ(QOpenGLContext::currentContext(), nullptr);
 }
 
+TEST(VolumeMemoryProbe, LeavesNoTextureBehind)
+{
+    const RecordingHost host;
+    OGL_INFO scene;  // all contexts share their textures
+    ASSERT_GE(scene.openGLVersion(), 2.0F);
+    const auto textures = [] {
+        int count = 0;
+        for (GLuint name = 1; name < 1000; ++name)
+            count += glIsTexture(name) == GL_TRUE ? 1 : 0;
+        return count;
+    };
+    const int before = textures();
+    for (int i = 0; i < 3; ++i)
+        EXPECT_TRUE(checkVolumeMemory(5, 7, 3, GL_TEXTURE_3D, 1.8F));
+    EXPECT_EQ(textures(), before);
+}
+
 TEST(VolumeMemoryProbe, LeavesNoWidgetBehind)
 {
     const RecordingHost host;

@@ -6,6 +6,8 @@
 #include "volume/support/RawFiles.h"
 #include "volume/support/RecordingHost.h"
 
+#include <QLabel>
+#include <QProgressBar>
 #include <QPushButton>
 #include <QTest>
 
@@ -624,6 +626,24 @@ TEST_F(VolumeRaw, ProgressHasTwoTitlesAndAStepForEachFrame)
     EXPECT_GE(progress.steps, 10);
     for (const QWidget* window : QApplication::topLevelWidgets())
         EXPECT_FALSE(window->inherits("CHVSProgressBar")) << "closed and deleted";
+}
+
+TEST_F(VolumeRaw, ProgressTellsTheFrameAndThePercentDoneBeforeIt)
+{
+    ProgressWatcher progress;
+    QStringList labels;
+    QList<int> percents;
+    progress.onStep = [&](CHVSProgressBar& dialog) {
+        labels << dialog.findChild<QLabel*>("activity")->text();
+        percents << dialog.findChild<QProgressBar*>("progress")->value();
+        QTest::qSleep(45);  // the dialog shows what comes faster than that only later
+    };
+    ASSERT_TRUE(loadFile(rawHeader(20, 20, 4, 8) + QByteArray(1600, 'a')));
+    for (const char* label : {"Frame 1", "Frame 2", "Frame 3", "Frame 4"})
+        EXPECT_TRUE(labels.contains(label)) << label;
+    EXPECT_TRUE(percents.contains(25));
+    EXPECT_TRUE(percents.contains(50));
+    EXPECT_FALSE(percents.contains(100));
 }
 
 TEST_F(VolumeRaw, ClosingTheProgressEndsTheScan)
