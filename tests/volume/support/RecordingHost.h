@@ -1,6 +1,9 @@
 #pragma once
 
+#include "hvutils/CHVSLog.h"
 #include "lib/hvutils/HostServices.h"
+
+#include <QCursor>
 
 #include <gtest/gtest.h>
 
@@ -25,6 +28,16 @@ public:
     bool memoryIsFull = false;
     mutable int memoryChecks = 0;
     int cursorsRestored = 0;
+    std::vector<Qt::CursorShape> cursorsSet;
+
+    /// Entries of the reader itself; the image library tells of files with lower severities.
+    std::vector<Entry> failures() const
+    {
+        std::vector<Entry> some;
+        for (const Entry& entry : entries)
+            if (entry.first >= CHVSLog::eError) some.push_back(entry);
+        return some;
+    }
 
     void log(HostLogEntry const& entry) override
     {
@@ -44,6 +57,7 @@ public:
         return memoryIsFull;
     }
 
+    void setCursor(QCursor const& cursor) override { cursorsSet.push_back(cursor.shape()); }
     void restoreCursor() override { ++cursorsRestored; }
 };
 
