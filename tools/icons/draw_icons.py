@@ -14,6 +14,7 @@ from pathlib import Path
 
 INK, STEEL, PALE, WHITE = (52, 66, 77), (120, 138, 150), (214, 223, 229), (255, 255, 255)
 BLUE, LIGHT_BLUE, DEEP_BLUE = (30, 116, 198), (150, 199, 240), (18, 78, 140)
+SLATE, FADED = (96, 130, 158), (140, 158, 172)  # plain strokes, to be seen on light and on dark ground
 ORANGE, GREEN, RED, YELLOW = (232, 135, 30), (47, 158, 68), (214, 69, 69), (246, 201, 69)
 
 
@@ -179,31 +180,31 @@ HISTOGRAM = [4, 9, 14, 10, 6, 8, 3]
 
 ICONS = {
     "registration.png": move_cross(BLUE),
-    "fiducial.png": [(ring(12, 12, 7.2, 1.9), INK), (line(12, 1.5, 12, 8, 1.7), INK), (line(12, 16, 12, 22.5, 1.7), INK),
-                     (line(1.5, 12, 8, 12, 1.7), INK), (line(16, 12, 22.5, 12, 1.7), INK), (circle(12, 12, 2.6), RED)],
-    "registration_reset.png": move_cross(STEEL) + badge(reset_arrow(17.2, 17.2, 4.3, ORANGE, 1.9)),
-    "crop.png": crop_marks(INK),
-    "crop_reset.png": crop_marks(STEEL) + badge(reset_arrow(17.2, 17.2, 4.3, ORANGE, 1.9)),
+    "fiducial.png": [(ring(12, 12, 7.2, 1.9), SLATE), (line(12, 1.5, 12, 8, 1.7), SLATE), (line(12, 16, 12, 22.5, 1.7), SLATE),
+                     (line(1.5, 12, 8, 12, 1.7), SLATE), (line(16, 12, 22.5, 12, 1.7), SLATE), (circle(12, 12, 2.6), RED)],
+    "registration_reset.png": move_cross(FADED) + badge(reset_arrow(17.2, 17.2, 4.3, ORANGE, 1.9)),
+    "crop.png": crop_marks(SLATE),
+    "crop_reset.png": crop_marks(FADED) + badge(reset_arrow(17.2, 17.2, 4.3, ORANGE, 1.9)),
     "volume_info.png": cube(10.5, 10.8, 9.6) + badge([(circle(17.2, 17.2, 5.8), ORANGE), (circle(17.2, 14.2, 1.05), WHITE),
                                                      (line(17.2, 16.8, 17.2, 20.4, 1.9), WHITE)]),
     "projection.png": cube(12, 7.4, 6.8) + [(line(12, 14.6, 12, 17.4, 1.7), ORANGE), (arrow_head(12, 19.8, 90, 3.6), ORANGE),
-                                          (polygon((5, 19), (19, 19), (22.5, 23), (1.5, 23)), STEEL),
+                                          (polygon((5, 19), (19, 19), (22.5, 23), (1.5, 23)), FADED),
                                           (arrow_head(12, 20.2, 90, 3.6), ORANGE)],
-    "reset.png": reset_arrow(12, 12.4, 7.6, INK, 2.6),
+    "reset.png": reset_arrow(12, 12.4, 7.6, SLATE, 2.6),
     "auto_fit.png": bars(HISTOGRAM, 2.2, 21, 2.2, 0.7, LIGHT_BLUE) + [
         (chain([(2, 21), (6.5, 20), (10, 14), (14, 6.5), (17, 3.6), (22, 3)], 2.1), ORANGE),
-        (chain([(1.5, 22), (22.5, 22)], 1.5), INK)],
-    "clear.png": [(chain([(2, 20), (8, 19), (14, 8), (22, 5)], 1.9), STEEL), (line(5, 5, 19, 19, 3.0), RED),
+        (chain([(1.5, 22), (22.5, 22)], 1.5), SLATE)],
+    "clear.png": [(chain([(2, 20), (8, 19), (14, 8), (22, 5)], 1.9), FADED), (line(5, 5, 19, 19, 3.0), RED),
                   (line(19, 5, 5, 19, 3.0), RED)],
     "open.png": [(polygon((1.8, 5), (9, 5), (11, 7.6), (20.5, 7.6), (20.5, 20), (1.8, 20)), ORANGE),
                  (polygon((5.2, 10.6), (23, 10.6), (20, 20.4), (1.8, 20.4)), YELLOW)],
     "save.png": [(polygon((2.5, 2.5), (18.5, 2.5), (21.5, 5.5), (21.5, 21.5), (2.5, 21.5)), BLUE),
                  (rect(7, 2.5, 16.5, 9), PALE), (rect(13, 3.6, 15.2, 7.8), DEEP_BLUE), (rect(5.8, 12.5, 18.2, 21.5), WHITE),
-                 (line(8, 15.4, 16, 15.4, 1.2), STEEL), (line(8, 18.4, 16, 18.4, 1.2), STEEL)],
+                 (line(8, 15.4, 16, 15.4, 1.2), FADED), (line(8, 18.4, 16, 18.4, 1.2), FADED)],
     "histogram.png": bars([h * 1.25 for h in HISTOGRAM], 3, 20.6, 2.1, 0.6, RED) + [
-        (chain([(2, 2), (2, 21.6), (22.5, 21.6)], 1.7), INK)],
+        (chain([(2, 2), (2, 21.6), (22.5, 21.6)], 1.7), SLATE)],
     "effects.png": sun(),
-    "expand.png": outward_arrows(INK),
+    "expand.png": outward_arrows(SLATE),
     "3dcvsearch.xpm": cube(10.4, 10.6, 9.8) + [(line(17.6, 17.6, 22, 22, 3.4), INK), (circle(15, 15, 5.9), INK),
                                            (circle(15, 15, 4.2), (225, 241, 252)), (ring(15, 15, 2.7, 0.9, 180, 90), WHITE)],
     "dicomIcon.xpm": page(4, 1.5, 16, 21) + rib_cage(12, 13.6, 1.15),

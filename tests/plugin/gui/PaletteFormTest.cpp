@@ -3,10 +3,12 @@
 #include "render/CGLVolume.h"
 #include "volume/CVolumeInfoDialog.h"
 
+#include <QApplication>
 #include <QButtonGroup>
 #include <QEvent>
 #include <QSignalSpy>
 #include <QTest>
+#include <QVBoxLayout>
 
 namespace {
 
@@ -257,4 +259,28 @@ TEST_F(PaletteForm, TheVolumeButtonNeedsAVolume)
     palette->onShowVolumeInfoDialog();
     openCurrent("S1");
     palette->onShowVolumeInfoDialog();
+}
+
+// A host may have a style sheet, under which Qt forgets fonts that a form has set; and the words are many.
+TEST_F(PaletteForm, EveryTextFitsUnderAHostsStyleSheet)
+{
+    qApp->setStyleSheet("QMenuBar { padding: 2px; }");
+    QWidget dock;
+    QVBoxLayout layout(&dock);
+    layout.addWidget(palette);
+    dock.show();
+    palette->show();
+    for (int page = 0; page < palette->VolumeVizTabWidget->count(); ++page) {
+        palette->VolumeVizTabWidget->setCurrentIndex(page);
+        QCoreApplication::processEvents();
+        const auto widgets = palette->VolumeVizTabWidget->widget(page)->findChildren<QWidget*>();
+        for (QWidget* widget : widgets) {
+            const bool text = widget->inherits("QLabel") || widget->inherits("QCheckBox") ||
+                              widget->inherits("QRadioButton");
+            if (!text) continue;
+            EXPECT_GE(widget->width(), widget->sizeHint().width()) << widget->objectName().toStdString();
+        }
+    }
+    palette->setParent(nullptr);
+    qApp->setStyleSheet(QString());
 }
