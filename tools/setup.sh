@@ -56,8 +56,8 @@ configure() {
 build() {
     local tree=$root/build/$1
     shift
-    if ninja -C "$tree" -n "$@" 2>/dev/null | grep -q 'no work to do'; then return 0; fi
-    ninja -C "$tree" "$@" >&2 || fail "the build failed"
+    ninja -C "$tree" "$@" | sed -u -e '/^ninja: Entering/d' -e '/Re-checking globbed/d' -e '/no work to do/d' >&2
+    [ "${PIPESTATUS[0]}" = 0 ] || fail "the build failed"
 }
 
 # Qt complains of a session without a private folder for sockets
