@@ -64,9 +64,10 @@ int workstation(ApplicationServices& services, const CommandLine& line)
 {
     InstanceLock folder;
     if (!folder.take(services.programDataPath())) {
+        const int code = complain(ExitCannotStart, folder.reason());
         QMessageBox::warning(nullptr, QStringLiteral("Halvane"),
                              QStringLiteral("Halvane can't start: %1.").arg(folder.reason()));
-        return complain(ExitCannotStart, folder.reason());
+        return code;
     }
     MainWindow window(services);
     window.startPlugins(PluginLoader::searchPath());

@@ -102,22 +102,57 @@ TEST_F(SnapshotTest, TheViewChangesThePicture)
     EXPECT_NE(QImage(path("front.png")), QImage(path("iso.png")));
 }
 
+/// A workstation of the test's own, open until it goes.
+class OpenWorkstation
+{
+public:
+    explicit OpenWorkstation(const QString& home)
+    {
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        environment.insert("HALVANE_HOME", home);
+        environment.insert("HALVANE_PLUGIN_PATH", home);
+        m_program.setProcessEnvironment(environment);
+        m_program.start(QStringLiteral(HALVANE_PROGRAM), QStringList());
+    }
+    ~OpenWorkstation()
+    {
+        m_program.kill();
+        m_program.waitForFinished();
+    }
+
+    QProcess& program() { return m_program; }
+
+private:
+    QProcess m_program;
+};
+
+bool waitForFile(const QString& file, QProcess& writer)
+{
+    for (int i = 0; i < 400 && !QFile::exists(file); ++i)
+        writer.waitForFinished(50);
+    return QFile::exists(file);
+}
+
 TEST_F(SnapshotTest, RunsBesideAnOpenWorkstation)
 {
-    QProcess workstation;
-    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    environment.insert("HALVANE_HOME", path("home"));
-    environment.insert("HALVANE_PLUGIN_PATH", m_folder.path());
-    workstation.setProcessEnvironment(environment);
-    workstation.start(QStringLiteral(HALVANE_PROGRAM), QStringList());
-    ASSERT_TRUE(workstation.waitForStarted());
-    for (int i = 0; i < 200 && !QFile::exists(path("home/halvane.lock")); ++i)
-        workstation.waitForFinished(50);
-    EXPECT_TRUE(QFile::exists(path("home/halvane.lock")));
+    OpenWorkstation workstation(path("home"));
+    ASSERT_TRUE(waitForFile(path("home/halvane.lock"), workstation.program()));
     EXPECT_EQ(run({"--snapshot", "out.png", "--size", "64x64", cube()}).code, 0);
-    EXPECT_EQ(workstation.state(), QProcess::Running);
-    workstation.kill();
-    workstation.waitForFinished();
+    EXPECT_EQ(workstation.program().state(), QProcess::Running);
+}
+
+TEST_F(SnapshotTest, ASecondWorkstationOnTheSameDataSaysSo)
+{
+    OpenWorkstation first(path("home"));
+    ASSERT_TRUE(waitForFile(path("home/halvane.lock"), first.program()));
+    OpenWorkstation second(path("home"));
+    QByteArray said;
+    for (int i = 0; i < 400 && !said.contains('\n'); ++i) {
+        second.program().waitForReadyRead(50);
+        said += second.program().readAllStandardError();
+    }
+    EXPECT_TRUE(said.contains("running already")) << said.toStdString();
+    EXPECT_TRUE(said.contains(QByteArray::number(first.program().processId()))) << said.toStdString();
 }
 
 TEST_F(SnapshotTest, AUsageErrorIsStatus2)
