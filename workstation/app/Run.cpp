@@ -10,9 +10,12 @@
 #include "Snapshot.h"
 #include "StartUp.h"
 
+#include "hvutils/CHVSLog.h"
+
 #include <QFileInfo>
 #include <QMessageBox>
 #include <QTimer>
+#include <QWindow>
 
 #include <cstdio>
 
@@ -60,6 +63,20 @@ int snapshot(ApplicationServices& services, const CommandLine& line)
     return result.code == ExitOk ? static_cast<int>(ExitOk) : complain(result.code, result.complaint);
 }
 
+/// Logs the moment from which the user can work: the window is on screen and events are handled.
+void logWhenReady(MainWindow& window)
+{
+    auto* watch = new QTimer(&window);
+    QObject::connect(watch, &QTimer::timeout, &window, [&window, watch] {
+        if (!window.windowHandle() || !window.windowHandle()->isExposed()) return;
+        getLogObject()->log(
+            QStringLiteral("Halvane %1 is ready.").arg(QCoreApplication::applicationVersion()), QString(), 0,
+            QString(), CHVSLog::eInformation, false);
+        watch->deleteLater();
+    });
+    watch->start(1);
+}
+
 int workstation(ApplicationServices& services, const CommandLine& line)
 {
     InstanceLock folder;
@@ -72,6 +89,7 @@ int workstation(ApplicationServices& services, const CommandLine& line)
     MainWindow window(services);
     window.startPlugins(PluginLoader::searchPath());
     window.show();
+    logWhenReady(window);
     if (!line.paths.isEmpty()) {
         // when the window is there, so that a question has something to stand on
         QTimer::singleShot(0, &window, [&window, &line] { window.openVolume(line.paths); });
