@@ -106,7 +106,7 @@ QString PluginBench::writeRaw(const QString& name, const RawFileSpec& spec)
 
 QString PluginBench::writeFile(const QString& name, const QByteArray& content)
 {
-    const QString path = files.filePath(name);
+    QString path = files.filePath(name);
     QDir().mkpath(QFileInfo(path).absolutePath());
     QFile file(path);
     EXPECT_TRUE(file.open(QIODevice::WriteOnly)) << path.toStdString();
