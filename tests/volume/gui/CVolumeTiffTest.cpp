@@ -1,166 +1,28 @@
-#include "volume/CVolumeTiff.h"
-
-#include "support/ModalWatcher.h"
-#include "support/TiffFiles.h"
-#include "volume/CVolumeInfoDialog.h"
-#include "volume/support/ProgressWatcher.h"
-#include "volume/support/RecordingHost.h"
-
-#include <QLabel>
-#include <QPushButton>
-#include <QTest>
+#include "volume/support/VolumeTiff.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
-#include <functional>
 
 namespace {
 
-using testing::Contains;
 using testing::ElementsAre;
-using testing::HasSubstr;
 using testing::IsEmpty;
-using testing::Pair;
-using viz_test::ModalWatcher;
-using viz_test::ProgressWatcher;
+using viz_test::columns;
+using viz_test::constant;
+using viz_test::frameOf;
+using viz_test::kindOf;
+using viz_test::rows;
 using viz_test::TiffKind;
-using Values = std::vector<std::uint32_t>;
-using Entry = viz_test::RecordingHost::Entry;
+using viz_test::valueAt;
+using viz_test::Values;
 
-const Entry canceled{16, "Open Volume action canceled by user."};
-const Entry lowMemory{3, "Volume loading aborted. Low memory encountered."};
-const Entry aborted{3, "Loading of TIFF frame data aborted."};
-const Entry notCompatible{3, "Unable to load volume. TIFF file not compatible."};
-const Entry noMemory{3, "Unable to allocate memory for Volume data."};
+const viz_test::RecordingHost::Entry notCompatible{3, "Unable to load volume. TIFF file not compatible."};
 
-constexpr unsigned all = CVolumeTiff::allFrames;
-
-// Sides that load at full resolution without a question.
-constexpr unsigned columns = 20;
-constexpr unsigned rows = 40;
-
-TiffKind kindOf(unsigned bits, unsigned width = columns, unsigned height = rows)
-{
-    TiffKind kind;
-    kind.width = width;
-    kind.height = height;
-    kind.bits = bits;
-    return kind;
-}
-
-// 8-bit values that differ between neighbours, with 0 and 255 among those of frame 0.
-std::uint32_t valueAt(unsigned x, unsigned y, unsigned frame)
-{
-    if (frame == 0 && y == 0 && x < 2) return x == 0 ? 0 : 255;
-    return (x * 7 + y * 13 + frame * 29) % 256;
-}
-
-Values frameOf(unsigned frame, std::uint32_t times = 1, std::uint32_t plus = 0)
-{
-    Values values;
-    for (unsigned y = 0; y < rows; ++y)
-        for (unsigned x = 0; x < columns; ++x)
-            values.push_back(valueAt(x, y, frame) * times + plus);
-    return values;
-}
-
-Values constant(const TiffKind& kind, std::uint32_t value)
-{
-    return Values(std::size_t{kind.width} * kind.height, value);
-}
-
-class VolumeTiff : public testing::Test
-{
-protected:
-    QString path(const QString& name) const { return folder.path(name); }
-
-    QStringList paths(const QStringList& names) const
-    {
-        QStringList all_;
-        for (const QString& name : names)
-            all_ << path(name);
-        return all_;
-    }
-
-    void write(const QString& name, const TiffKind& kind, const Values& values) const
-    {
-        viz_test::writeTiff(path(name), kind, {values});
-    }
-
-    bool loadStack(const QStringList& names) { return reader.loadVolumeFiles(paths(names), all, all); }
-
-    bool loadPages(const QString& name, unsigned first = all, unsigned last = all)
-    {
-        return reader.loadVolumeFiles({path(name)}, first, last);
-    }
-
-    int voxel(unsigned x, unsigned y, unsigned frame) const
-    {
-        const std::size_t w = reader.getLoadColumns();
-        const std::size_t f = reader.getFrames();
-        return reader.getVoxels()[x + frame * w + (reader.getLoadRows() - 1 - y) * w * f];
-    }
-
-    // Every voxel against the values that frameOf gave, `frames` naming the source of each frame.
-    void expectVoxels(const std::vector<unsigned>& frames) const
-    {
-        ASSERT_EQ(reader.getFrames(), frames.size());
-        ASSERT_EQ(reader.getLoadColumns(), columns);
-        ASSERT_EQ(reader.getLoadRows(), rows);
-        for (unsigned f = 0; f < frames.size(); ++f)
-            for (unsigned y = 0; y < rows; ++y)
-                for (unsigned x = 0; x < columns; ++x)
-                    ASSERT_EQ(voxel(x, y, f), static_cast<int>(valueAt(x, y, frames[f])))
-                        << x << ' ' << y << ' ' << f;
-    }
-
-    bool isEmptyFrame(unsigned frame) const
-    {
-        for (unsigned y = 0; y < reader.getLoadRows(); ++y)
-            for (unsigned x = 0; x < reader.getLoadColumns(); ++x)
-                if (voxel(x, y, frame) != 0) return false;
-        return true;
-    }
-
-    std::string info(const char* name) const { return reader.getInfo().value(name).value.toStdString(); }
-
-    static ModalWatcher::Answer answering(std::function<void(CVolumeInfoDialog&)> fill)
-    {
-        return [fill = std::move(fill)](QWidget* window) {
-            auto* const dialog = qobject_cast<CVolumeInfoDialog*>(window);
-            ASSERT_NE(dialog, nullptr);
-            fill(*dialog);
-            if (dialog->isVisible()) dialog->reject();
-        };
-    }
-
-    static void pressOk(CVolumeInfoDialog& dialog)
-    {
-        QTest::mouseClick(dialog.buttonBox->button(QDialogButtonBox::Ok), Qt::LeftButton);
-    }
-
-    // Memory is short until the user asks again.
-    ModalWatcher::Answer afterShortMemory(std::function<void(CVolumeInfoDialog&)> fill)
-    {
-        host.memoryIsFull = true;
-        return answering([this, fill = std::move(fill)](CVolumeInfoDialog& dialog) {
-            host.memoryIsFull = false;
-            fill(dialog);
-            QTest::mouseClick(dialog.verifyButton, Qt::LeftButton);
-            pressOk(dialog);
-        });
-    }
-
-    viz_test::RecordingHost host;
-    viz_test::TiffFolder folder;
-    ModalWatcher modal;
-    CVolumeTiff reader{nullptr};
-};
+class VolumeTiffVoxels : public viz_test::VolumeTiff
+{};
 
 // ---- a stack ----
 
-TEST_F(VolumeTiff, AStackKeepsTheOrderOfTheList)
+TEST_F(VolumeTiffVoxels, AStackKeepsTheOrderOfTheList)
 {
     for (unsigned f = 0; f < 3; ++f)
         write(QStringLiteral("%1.tif").arg(f), kindOf(8), frameOf(f));
@@ -174,7 +36,7 @@ TEST_F(VolumeTiff, AStackKeepsTheOrderOfTheList)
     EXPECT_THAT(host.failures(), IsEmpty());
 }
 
-TEST_F(VolumeTiff, TheFirstRowLiesInTheLastPlane)
+TEST_F(VolumeTiffVoxels, TheFirstRowLiesInTheLastPlane)
 {
     write("a.tif", kindOf(8), frameOf(0));
     write("b.tif", kindOf(8), frameOf(1));
@@ -185,7 +47,7 @@ TEST_F(VolumeTiff, TheFirstRowLiesInTheLastPlane)
     EXPECT_EQ(reader.getVoxels()[0], valueAt(0, rows - 1, 0));
 }
 
-TEST_F(VolumeTiff, SixteenBitsMapToTheWholeRange)
+TEST_F(VolumeTiffVoxels, SixteenBitsMapToTheWholeRange)
 {
     // 1000 to 1000 + 255 * 100
     write("a.tif", kindOf(16), frameOf(0, 100, 1000));
@@ -196,7 +58,7 @@ TEST_F(VolumeTiff, SixteenBitsMapToTheWholeRange)
     expectVoxels({0, 1});
 }
 
-TEST_F(VolumeTiff, ThirtyTwoBitsOnBothSidesOfTheSignBit)
+TEST_F(VolumeTiffVoxels, ThirtyTwoBitsOnBothSidesOfTheSignBit)
 {
     // 0x7F800000 to 0x807F0000 in steps of 0x10000
     write("a.tif", kindOf(32), frameOf(0, 0x10000U, 0x7F800000U));
@@ -207,7 +69,7 @@ TEST_F(VolumeTiff, ThirtyTwoBitsOnBothSidesOfTheSignBit)
     expectVoxels({0, 1});
 }
 
-TEST_F(VolumeTiff, TheRangeIsThatOfAllFrames)
+TEST_F(VolumeTiffVoxels, TheRangeIsThatOfAllFrames)
 {
     const TiffKind kind = kindOf(8);
     write("a.tif", kind, constant(kind, 100));
@@ -222,7 +84,7 @@ TEST_F(VolumeTiff, TheRangeIsThatOfAllFrames)
     EXPECT_EQ(voxel(3, 3, 2), 255);
 }
 
-TEST_F(VolumeTiff, AStackOfOneValueIsAllZero)
+TEST_F(VolumeTiffVoxels, AStackOfOneValueIsAllZero)
 {
     const TiffKind kind = kindOf(8);
     write("a.tif", kind, constant(kind, 7));
@@ -232,7 +94,7 @@ TEST_F(VolumeTiff, AStackOfOneValueIsAllZero)
     EXPECT_TRUE(isEmptyFrame(0));
 }
 
-TEST_F(VolumeTiff, BitDepthsMayDiffer)
+TEST_F(VolumeTiffVoxels, BitDepthsMayDiffer)
 {
     write("a.tif", kindOf(8), frameOf(0));
     write("b.tif", kindOf(16), frameOf(1));
@@ -240,7 +102,7 @@ TEST_F(VolumeTiff, BitDepthsMayDiffer)
     expectVoxels({0, 1});
 }
 
-TEST_F(VolumeTiff, ResolutionsAreDistancesAsTheyStand)
+TEST_F(VolumeTiffVoxels, ResolutionsAreDistancesAsTheyStand)
 {
     TiffKind kind = kindOf(8);
     kind.xResolution = 2.5;
@@ -266,7 +128,7 @@ TEST_F(VolumeTiff, ResolutionsAreDistancesAsTheyStand)
     EXPECT_EQ(reader.getDirection()[2], 1.0F);
 }
 
-TEST_F(VolumeTiff, WithoutResolutionEverySpacingIsATenth)
+TEST_F(VolumeTiffVoxels, WithoutResolutionEverySpacingIsATenth)
 {
     write("a.tif", kindOf(8), frameOf(0));
     ASSERT_TRUE(loadStack({"a.tif", "a.tif"}));
@@ -276,7 +138,7 @@ TEST_F(VolumeTiff, WithoutResolutionEverySpacingIsATenth)
     EXPECT_EQ(info("PixelSpacing"), "0.1, 0.1");
 }
 
-TEST_F(VolumeTiff, OneResolutionAloneCounts)
+TEST_F(VolumeTiffVoxels, OneResolutionAloneCounts)
 {
     TiffKind kind = kindOf(8);
     kind.xResolution = 3;
@@ -285,7 +147,7 @@ TEST_F(VolumeTiff, OneResolutionAloneCounts)
     EXPECT_EQ(info("PixelSpacing"), "0.1, 3");
 }
 
-TEST_F(VolumeTiff, ASkippedFileLeavesItsFrameEmptyAndTheLastNameUnread)
+TEST_F(VolumeTiffVoxels, ASkippedFileLeavesItsFrameEmptyAndTheLastNameUnread)
 {
     write("a.tif", kindOf(8), frameOf(0));
     folder.write("b.txt", "no picture");
@@ -299,7 +161,7 @@ TEST_F(VolumeTiff, ASkippedFileLeavesItsFrameEmptyAndTheLastNameUnread)
     EXPECT_EQ(reader.getLoadedFiles(), paths({"a.tif", "c.tif", "d.tif"}));
 }
 
-TEST_F(VolumeTiff, AFileOfAnotherSizeIsLeftOutSilently)
+TEST_F(VolumeTiffVoxels, AFileOfAnotherSizeIsLeftOutSilently)
 {
     write("a.tif", kindOf(8), frameOf(0));
     write("wide.tif", kindOf(8, 40, 40), constant(kindOf(8, 40, 40), 3));
@@ -311,7 +173,7 @@ TEST_F(VolumeTiff, AFileOfAnotherSizeIsLeftOutSilently)
     EXPECT_THAT(host.failures(), IsEmpty());
 }
 
-TEST_F(VolumeTiff, ValuesOfAFileOfAnotherSizeDoNotCount)
+TEST_F(VolumeTiffVoxels, ValuesOfAFileOfAnotherSizeDoNotCount)
 {
     write("a.tif", kindOf(16), frameOf(0));
     write("wide.tif", kindOf(16, 40, 40), constant(kindOf(16, 40, 40), 60000));
@@ -320,7 +182,7 @@ TEST_F(VolumeTiff, ValuesOfAFileOfAnotherSizeDoNotCount)
     EXPECT_EQ(reader.getMaxValue(), 255);
 }
 
-TEST_F(VolumeTiff, TheFirstTiffIsTheReference)
+TEST_F(VolumeTiffVoxels, TheFirstTiffIsTheReference)
 {
     folder.write("notes.txt", "no picture");
     write("a.tif", kindOf(8), frameOf(1));
@@ -332,7 +194,7 @@ TEST_F(VolumeTiff, TheFirstTiffIsTheReference)
     EXPECT_EQ(voxel(5, 6, 1), static_cast<int>(valueAt(5, 6, 1)));
 }
 
-TEST_F(VolumeTiff, OneFrameOutOfMoreNamesIsNotAskedFor)
+TEST_F(VolumeTiffVoxels, OneFrameOutOfMoreNamesIsNotAskedFor)
 {
     // 2 x 2 pixels at full resolution: the dialog would not have let that through
     host.memoryIsFull = true;
@@ -346,7 +208,7 @@ TEST_F(VolumeTiff, OneFrameOutOfMoreNamesIsNotAskedFor)
     EXPECT_FLOAT_EQ(reader.getExtent()[2], 0.1F);
 }
 
-TEST_F(VolumeTiff, OnlyTheFirstPageOfEachFileCounts)
+TEST_F(VolumeTiffVoxels, OnlyTheFirstPageOfEachFileCounts)
 {
     viz_test::writeTiff(path("a.tif"), kindOf(8), {frameOf(0), frameOf(7)});
     viz_test::writeTiff(path("b.tif"), kindOf(8), {frameOf(1), frameOf(8)});
@@ -354,7 +216,7 @@ TEST_F(VolumeTiff, OnlyTheFirstPageOfEachFileCounts)
     expectVoxels({0, 1});
 }
 
-TEST_F(VolumeTiff, OddFileNames)
+TEST_F(VolumeTiffVoxels, OddFileNames)
 {
     const QStringList names{
         "a b.tif",        "it's \"it\".tif", "#1.tif", "100%.tif", QString::fromUtf8("M\xC3\xA4use.tif"),
@@ -366,7 +228,7 @@ TEST_F(VolumeTiff, OddFileNames)
     EXPECT_EQ(reader.getLoadedFiles(), paths(names));
 }
 
-TEST_F(VolumeTiff, TheCursorIsRestoredForTheQuestionAndWaitsAfterwards)
+TEST_F(VolumeTiffVoxels, TheCursorIsRestoredForTheQuestionAndWaitsAfterwards)
 {
     write("a.tif", kindOf(8), frameOf(0));
     ASSERT_TRUE(loadStack({"a.tif", "a.tif", "a.tif"}));
@@ -374,7 +236,7 @@ TEST_F(VolumeTiff, TheCursorIsRestoredForTheQuestionAndWaitsAfterwards)
     EXPECT_THAT(host.cursorsSet, ElementsAre(Qt::WaitCursor));
 }
 
-TEST_F(VolumeTiff, ASecondLoadReplacesTheFirst)
+TEST_F(VolumeTiffVoxels, ASecondLoadReplacesTheFirst)
 {
     write("a.tif", kindOf(8), frameOf(0));
     write("b.tif", kindOf(8), frameOf(1));
@@ -382,14 +244,14 @@ TEST_F(VolumeTiff, ASecondLoadReplacesTheFirst)
     ASSERT_TRUE(loadStack({"b.tif", "a.tif"}));
     expectVoxels({1, 0});
     EXPECT_EQ(reader.getLoadedFiles().size(), 2);
-    EXPECT_FALSE(reader.loadVolumeFiles({}, all, all));
+    EXPECT_FALSE(reader.loadVolumeFiles({}, CVolumeTiff::allFrames, CVolumeTiff::allFrames));
     EXPECT_TRUE(reader.getInfo().isEmpty());
     EXPECT_THAT(host.failures(), IsEmpty()) << "an empty list is refused without a word";
 }
 
 // ---- pages ----
 
-TEST_F(VolumeTiff, AllPagesOfOneFile)
+TEST_F(VolumeTiffVoxels, AllPagesOfOneFile)
 {
     viz_test::writeTiff(path("v.tif"), kindOf(16), {frameOf(0, 3), frameOf(1, 3), frameOf(2, 3)});
     ASSERT_TRUE(loadPages("v.tif"));
@@ -404,7 +266,7 @@ TEST_F(VolumeTiff, AllPagesOfOneFile)
     EXPECT_THAT(host.cursorsSet, ElementsAre(Qt::WaitCursor));
 }
 
-TEST_F(VolumeTiff, ASinglePageIsAVolumeOfOneFrame)
+TEST_F(VolumeTiffVoxels, ASinglePageIsAVolumeOfOneFrame)
 {
     write("one.tif", kindOf(8), frameOf(0));
     ASSERT_TRUE(loadPages("one.tif"));
@@ -412,7 +274,7 @@ TEST_F(VolumeTiff, ASinglePageIsAVolumeOfOneFrame)
     EXPECT_FLOAT_EQ(reader.getExtent()[2], 0.1F);
 }
 
-TEST_F(VolumeTiff, ARangeOfPages)
+TEST_F(VolumeTiffVoxels, ARangeOfPages)
 {
     viz_test::writeTiff(path("v.tif"), kindOf(8), {frameOf(0), frameOf(1), frameOf(2), frameOf(3)});
     ASSERT_TRUE(loadPages("v.tif", 1, 2));
@@ -420,11 +282,11 @@ TEST_F(VolumeTiff, ARangeOfPages)
     EXPECT_EQ(reader.getMaxValue(), 255) << "the first page of the file counts for the range";
     ASSERT_TRUE(loadPages("v.tif", 3, 3));
     expectVoxels({3});
-    ASSERT_TRUE(loadPages("v.tif", 2, all));
+    ASSERT_TRUE(loadPages("v.tif", 2, CVolumeTiff::allFrames));
     EXPECT_EQ(reader.getFrames(), 4U) << "half a range is none";
 }
 
-TEST_F(VolumeTiff, PagesThatAreNotThereAreRefused)
+TEST_F(VolumeTiffVoxels, PagesThatAreNotThereAreRefused)
 {
     viz_test::writeTiff(path("v.tif"), kindOf(8), {frameOf(0), frameOf(1)});
     EXPECT_FALSE(loadPages("v.tif", 1, 2));
@@ -434,7 +296,7 @@ TEST_F(VolumeTiff, PagesThatAreNotThereAreRefused)
     EXPECT_EQ(reader.getVoxels(), nullptr);
 }
 
-TEST_F(VolumeTiff, APageOfAnotherSizeStaysEmpty)
+TEST_F(VolumeTiffVoxels, APageOfAnotherSizeStaysEmpty)
 {
     TIFF* const file = TIFFOpen(folder.encoded("v.tif").constData(), "w");
     viz_test::writeTiffPage(file, kindOf(8), frameOf(0));
@@ -452,7 +314,7 @@ TEST_F(VolumeTiff, APageOfAnotherSizeStaysEmpty)
 
 // ---- reduced sizes ----
 
-TEST_F(VolumeTiff, SidesThatDoNotFitAreReducedAndPadded)
+TEST_F(VolumeTiffVoxels, SidesThatDoNotFitAreReducedAndPadded)
 {
     // 70 x 70 loads at 99 percent: 69.3 rounds to 69, and 11 more make 80. Values 0 and 100.
     TiffKind kind = kindOf(8, 70, 70);
@@ -478,7 +340,7 @@ TEST_F(VolumeTiff, SidesThatDoNotFitAreReducedAndPadded)
     }
 }
 
-TEST_F(VolumeTiff, PaddingBelowTheLowestValueWrapsAround)
+TEST_F(VolumeTiffVoxels, PaddingBelowTheLowestValueWrapsAround)
 {
     // padding 0 under a lowest value of 1000: see the mapping of unsigned samples, 180
     TiffKind kind = kindOf(16, 70, 70);
@@ -491,7 +353,7 @@ TEST_F(VolumeTiff, PaddingBelowTheLowestValueWrapsAround)
     EXPECT_EQ(voxel(79, 79, 1), 180);
 }
 
-TEST_F(VolumeTiff, UnequalSidesArePaddedEachForItself)
+TEST_F(VolumeTiffVoxels, UnequalSidesArePaddedEachForItself)
 {
     // 128 x 100 at 60 percent: rows become 64, the factor 0.64, columns 82 and with padding 100
     TiffKind kind = kindOf(8, 128, 100);
@@ -509,7 +371,7 @@ TEST_F(VolumeTiff, UnequalSidesArePaddedEachForItself)
     EXPECT_FLOAT_EQ(reader.getExtent()[1], 50.0F);                    // 0.5 * 100
 }
 
-TEST_F(VolumeTiff, AFactorThatComesBackToOnePadsWithoutReducing)
+TEST_F(VolumeTiffVoxels, AFactorThatComesBackToOnePadsWithoutReducing)
 {
     const TiffKind kind = kindOf(8, 64, 100);
     Values values = constant(kind, 0);
@@ -523,257 +385,6 @@ TEST_F(VolumeTiff, AFactorThatComesBackToOnePadsWithoutReducing)
     EXPECT_EQ(voxel(63, 99, 0), 255);
     EXPECT_EQ(voxel(63, 100, 0), 0);
     EXPECT_FLOAT_EQ(reader.getExtent()[1], 12.0F);  // 10 + 10 / 100 * 20
-}
-
-// ---- the dialog ----
-
-TEST_F(VolumeTiff, ShortMemoryAsksOnceForAStack)
-{
-    TiffKind kind = kindOf(8);
-    kind.xResolution = 2;
-    kind.yResolution = 3;
-    write("a.tif", kind, frameOf(0));
-    write("b.tif", kind, frameOf(1));
-    modal.expect(afterShortMemory([this](CVolumeInfoDialog& dialog) {
-        EXPECT_EQ(dialog.objectName(), "Volume File Information");
-        EXPECT_FALSE(dialog.fileGroup->isVisible());
-        EXPECT_FALSE(dialog.orientationGroup->isVisible());
-        EXPECT_TRUE(dialog.fileLabel->toolTip().endsWith("b.tif"));
-        EXPECT_EQ(dialog.getColumns(), 20);
-        EXPECT_EQ(dialog.getRows(), 40);
-        EXPECT_EQ(dialog.getFrames(), 3) << "names in the list";
-        EXPECT_EQ(dialog.getHeaderOffset(), 0);
-        EXPECT_EQ(dialog.getRowSpacing(), 2.0F);
-        EXPECT_EQ(dialog.getColumnSpacing(), 3.0F);
-        EXPECT_EQ(dialog.getSliceSpacing(), 2.0F);
-        EXPECT_EQ(dialog.getResolution(), 100);
-        dialog.setRowSpacing(0.5);
-        dialog.setColumnSpacing(0.25);
-        dialog.setSliceSpacing(4);
-        EXPECT_EQ(host.cursorsRestored, 1);
-        EXPECT_THAT(host.cursorsSet, IsEmpty());
-    }));
-    ASSERT_TRUE(loadStack({"a.tif", "b.tif", "a.tif"}));
-    EXPECT_FLOAT_EQ(reader.getExtent()[0], 0.25F * columns);
-    EXPECT_FLOAT_EQ(reader.getExtent()[1], 0.5F * rows);
-    EXPECT_FLOAT_EQ(reader.getExtent()[2], 12.0F);
-    EXPECT_EQ(info("PixelSpacing"), "3, 2") << "as the file says";
-    EXPECT_EQ(info("SpacingBetweenSlices"), "4");
-}
-
-TEST_F(VolumeTiff, AsLongAsThereIsOneFrameTheQuestionIsNotRepeated)
-{
-    write("a.tif", kindOf(8), frameOf(0));
-    write("wide.tif", kindOf(8, 40, 40), constant(kindOf(8, 40, 40), 3));
-    write("c.tif", kindOf(8), frameOf(1));
-    modal.expect(afterShortMemory([](CVolumeInfoDialog& dialog) {
-        dialog.setRowSpacing(0.5);
-        dialog.setSliceSpacing(4);
-    }));
-    ASSERT_TRUE(loadStack({"a.tif", "wide.tif", "c.tif"}));
-    EXPECT_EQ(host.cursorsRestored, 2);
-    EXPECT_FLOAT_EQ(reader.getSliceSpacing(), 0.5F) << "set to the X spacing before each candidate";
-}
-
-TEST_F(VolumeTiff, ShortMemoryAsksForPages)
-{
-    viz_test::writeTiff(path("v.tif"), kindOf(8), {frameOf(0), frameOf(1)});
-    modal.expect(afterShortMemory([](CVolumeInfoDialog& dialog) {
-        EXPECT_EQ(dialog.getFrames(), 2);
-        EXPECT_TRUE(dialog.fileLabel->toolTip().endsWith("v.tif"));
-        dialog.setSliceSpacing(4);
-    }));
-    ASSERT_TRUE(loadPages("v.tif"));
-    expectVoxels({0, 1});
-    EXPECT_FLOAT_EQ(reader.getExtent()[2], 8.0F);
-    EXPECT_EQ(info("SpacingBetweenSlices"), "0.1") << "as the file says";
-}
-
-TEST_F(VolumeTiff, CancelIsLoggedForTheStatusLine)
-{
-    host.memoryIsFull = true;
-    viz_test::writeTiff(path("v.tif"), kindOf(8), {frameOf(0), frameOf(1)});
-    write("a.tif", kindOf(8), frameOf(0));
-    modal.expectButton("Cancel");
-    modal.expectButton("Cancel");
-    EXPECT_FALSE(loadPages("v.tif"));
-    EXPECT_FALSE(loadStack({"a.tif", "a.tif"}));
-    EXPECT_THAT(host.failures(), ElementsAre(canceled, canceled));
-    EXPECT_EQ(reader.getVoxels(), nullptr);
-    EXPECT_EQ(host.cursorsRestored, 2);
-    EXPECT_THAT(host.cursorsSet, IsEmpty());
-    for (const QWidget* window : QApplication::topLevelWidgets())
-        EXPECT_FALSE(window->inherits("CHVSProgressBar")) << "closed and deleted";
-}
-
-TEST_F(VolumeTiff, AcceptingWithShortMemoryIsRefused)
-{
-    host.memoryIsFull = true;
-    viz_test::writeTiff(path("v.tif"), kindOf(8), {frameOf(0), frameOf(1)});
-    modal.expect(answering([](CVolumeInfoDialog& dialog) { dialog.accept(); }));
-    EXPECT_FALSE(loadPages("v.tif"));
-    EXPECT_THAT(host.failures(), ElementsAre(lowMemory));
-}
-
-// ---- failures ----
-
-TEST_F(VolumeTiff, AListWithoutTiffFilesIsRefused)
-{
-    folder.write("a.txt", "no picture");
-    folder.write("empty.tif", {});
-    EXPECT_FALSE(loadStack({"a.txt", "empty.tif", "missing.tif"}));
-    EXPECT_THAT(host.failures(), ElementsAre(notCompatible));
-    EXPECT_EQ(reader.getVoxels(), nullptr);
-}
-
-TEST_F(VolumeTiff, AFileThatIsNoTiffIsRefused)
-{
-    folder.write("a.txt", "no picture");
-    EXPECT_FALSE(loadPages("a.txt"));
-    EXPECT_FALSE(loadPages("missing.tif"));
-    EXPECT_THAT(host.failures(), ElementsAre(notCompatible, notCompatible));
-}
-
-TEST_F(VolumeTiff, UnknownKindsOfSamplesAreRefusedWithAReason)
-{
-    TiffKind real = kindOf(32);
-    real.format = SAMPLEFORMAT_IEEEFP;
-    TiffKind colour = kindOf(8);
-    colour.samples = 3;
-    colour.photometric = PHOTOMETRIC_RGB;
-    write("float.tif", real, constant(real, 0x3F800000U));
-    write("rgb.tif", colour, Values(std::size_t{columns} * rows * 3, 5));
-    write("good.tif", kindOf(8), frameOf(0));
-
-    EXPECT_FALSE(loadPages("float.tif"));
-    EXPECT_THAT(host.failures(), ElementsAre(notCompatible));
-    EXPECT_THAT(host.entries, Contains(Pair(2, HasSubstr("float.tif: the picture has floating-point"))));
-    EXPECT_FALSE(loadPages("rgb.tif"));
-    EXPECT_FALSE(loadStack({"float.tif", "good.tif"}));
-    EXPECT_FALSE(loadStack({"good.tif", "rgb.tif"}));
-    EXPECT_FALSE(loadStack({"good.tif", "good.tif", "float.tif"}));
-    EXPECT_THAT(host.failures(),
-                ElementsAre(notCompatible, notCompatible, notCompatible, notCompatible, notCompatible));
-}
-
-TEST_F(VolumeTiff, OneUnreadablePageSpoilsTheLoad)
-{
-    TIFF* const file = TIFFOpen(folder.encoded("v.tif").constData(), "w");
-    viz_test::writeTiffPage(file, kindOf(32), frameOf(0));
-    TIFFWriteDirectory(file);
-    TiffKind real = kindOf(32);
-    real.format = SAMPLEFORMAT_IEEEFP;
-    viz_test::writeTiffPage(file, real, frameOf(1));
-    TIFFWriteDirectory(file);
-    TIFFClose(file);
-    EXPECT_FALSE(loadPages("v.tif"));
-    EXPECT_THAT(host.failures(), ElementsAre(notCompatible));
-    ASSERT_TRUE(loadPages("v.tif", 0, 0)) << "pages that are not asked for do not matter";
-}
-
-TEST_F(VolumeTiff, AFileThatVanishesBetweenThePassesIsMissed)
-{
-    for (unsigned f = 0; f < 3; ++f)
-        write(QStringLiteral("%1.tif").arg(f), kindOf(8), frameOf(f));
-    ProgressWatcher progress;
-    progress.onStep = [this](CHVSProgressBar& dialog) {
-        if (dialog.windowTitle() == "Loading TIFF frame data...") QFile::remove(path("2.tif"));
-    };
-    EXPECT_FALSE(loadStack({"0.tif", "1.tif", "2.tif"}));
-    EXPECT_THAT(host.failures(), ElementsAre(notCompatible));
-}
-
-TEST_F(VolumeTiff, AFileThatChangesItsSizeBetweenThePassesStaysEmpty)
-{
-    for (unsigned f = 0; f < 2; ++f)
-        write(QStringLiteral("%1.tif").arg(f), kindOf(8), frameOf(f));
-    ProgressWatcher progress;
-    progress.onStep = [this](CHVSProgressBar& dialog) {
-        if (dialog.windowTitle() == "Loading TIFF frame data...")
-            write("1.tif", kindOf(8, 40, 40), constant(kindOf(8, 40, 40), 3));
-    };
-    ASSERT_TRUE(loadStack({"0.tif", "1.tif"}));
-    EXPECT_TRUE(isEmptyFrame(1));
-}
-
-TEST_F(VolumeTiff, PagesAreReadToTheEndThoughTheFileIsRemoved)
-{
-    viz_test::writeTiff(path("v.tif"), kindOf(8), {frameOf(0), frameOf(1)});
-    ProgressWatcher progress;
-    progress.onStep = [this](CHVSProgressBar&) { QFile::remove(path("v.tif")); };
-    ASSERT_TRUE(loadPages("v.tif"));
-    expectVoxels({0, 1});
-}
-
-TEST_F(VolumeTiff, PagesThatAreCutBetweenThePassesAreRefused)
-{
-    const TiffKind kind = kindOf(16, 128, 128);
-    viz_test::writeTiff(path("v.tif"), kind, {constant(kind, 1), constant(kind, 2), constant(kind, 3)});
-    ProgressWatcher progress;
-    progress.onStep = [this](CHVSProgressBar& dialog) {
-        if (dialog.windowTitle() == "Loading Tiff frame data...") QFile::resize(path("v.tif"), 100);
-    };
-    EXPECT_FALSE(loadPages("v.tif"));
-    EXPECT_THAT(host.failures(), ElementsAre(notCompatible));
-}
-
-TEST_F(VolumeTiff, ABlockBeyondMemoryIsRefused)
-{
-    // A directory alone: 2147483647 x 2147483647 pixels of 8 bits
-    const unsigned char bytes[] = {'I',  'I', 42, 0, 8, 0, 0, 0, 4,    0,                 //
-                                   0,    1,   4,  0, 1, 0, 0, 0, 0xFF, 0xFF, 0xFF, 0x7F,  //
-                                   1,    1,   4,  0, 1, 0, 0, 0, 0xFF, 0xFF, 0xFF, 0x7F,  //
-                                   2,    1,   3,  0, 1, 0, 0, 0, 8,    0,    0,    0,     //
-                                   0x11, 1,   4,  0, 1, 0, 0, 0, 8,    0,    0,    0,    0, 0, 0, 0};
-    folder.write("huge.tif", QByteArray(reinterpret_cast<const char*>(bytes), sizeof bytes));
-    EXPECT_FALSE(loadPages("huge.tif"));
-    EXPECT_THAT(host.failures(), ElementsAre(noMemory));
-    EXPECT_FALSE(loadStack({"huge.tif", "missing.tif"}));
-    EXPECT_THAT(host.failures(), ElementsAre(noMemory, noMemory));
-}
-
-// ---- progress ----
-
-TEST_F(VolumeTiff, ProgressHasTwoTitlesForAStack)
-{
-    write("a.tif", kindOf(8), frameOf(0));
-    ProgressWatcher progress;
-    bool modalAndUnowned = true;
-    progress.onStep = [&](CHVSProgressBar& dialog) {
-        modalAndUnowned = modalAndUnowned && dialog.isModal() && dialog.parent() == nullptr;
-    };
-    ASSERT_TRUE(loadStack({"a.tif", "a.tif", "a.tif"}));
-    EXPECT_EQ(progress.titles, QStringList({"Scanning through TIFF data...", "Loading TIFF frame data..."}));
-    EXPECT_TRUE(modalAndUnowned);
-    EXPECT_GE(progress.steps, 6);
-}
-
-TEST_F(VolumeTiff, ProgressHasTwoOtherTitlesForPages)
-{
-    viz_test::writeTiff(path("v.tif"), kindOf(8), {frameOf(0), frameOf(1)});
-    ProgressWatcher progress;
-    ASSERT_TRUE(loadPages("v.tif"));
-    EXPECT_EQ(progress.titles, QStringList({"Scanning through Tiff data...", "Loading Tiff frame data..."}));
-    EXPECT_GE(progress.steps, 4);
-    for (const QWidget* window : QApplication::topLevelWidgets())
-        EXPECT_FALSE(window->inherits("CHVSProgressBar")) << "closed and deleted";
-}
-
-TEST_F(VolumeTiff, ClosingTheProgressEndsTheLoadAtEveryStep)
-{
-    write("a.tif", kindOf(8), frameOf(0));
-    viz_test::writeTiff(path("v.tif"), kindOf(8), {frameOf(0), frameOf(1), frameOf(2)});
-    for (const bool stack : {true, false})
-        for (int step = 1; step <= 5; ++step) {
-            host.entries.clear();
-            ProgressWatcher progress;
-            progress.onStep = [&](CHVSProgressBar& dialog) {
-                if (progress.steps == step) dialog.close();
-            };
-            EXPECT_FALSE(stack ? loadStack({"a.tif", "a.tif", "a.tif"}) : loadPages("v.tif")) << step;
-            EXPECT_THAT(host.failures(), ElementsAre(aborted));
-            EXPECT_EQ(progress.steps, step);
-        }
 }
 
 }  // namespace

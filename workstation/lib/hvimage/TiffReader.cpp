@@ -21,8 +21,9 @@ namespace {
 
 using hvimage::TiffPage;
 
-constexpr int mostReasons = 8;     // told of one file
-constexpr int mostWarnings = 256;  // remembered of all files
+constexpr int mostReasons = 8;   // told of one file
+constexpr int mostWarnings = 4;  // the same
+constexpr int mostKept = 256;    // warnings remembered of all files
 constexpr std::uint64_t smallBlock = std::uint64_t{16} << 20;
 
 TiffFile& fileOf(thandle_t handle)
@@ -180,6 +181,7 @@ bool TiffReader::select(int number, TiffPage& page)
     page.number = static_cast<hvimage::TiffNumber>(format);
     page.xResolution = finite(page.xResolution);
     page.yResolution = finite(page.yResolution);
+    m_error.clear();  // of tags that do not matter
     return true;
 }
 
@@ -339,13 +341,15 @@ int TiffReader::onWarning(tiff*, void* reader, char const*, char const* format, 
     // The same in every slice of a stack, as a rule: once is enough.
     static std::mutex mutex;
     static QSet<QString> told;
+    auto* const self = static_cast<TiffReader*>(reader);
+    if (self->m_warnings >= mostWarnings) return 1;
     QString const text = textOf(format, arguments);
     {
         std::lock_guard<std::mutex> const lock(mutex);
-        if (told.size() >= mostWarnings || told.contains(text)) return 1;
+        if (told.size() >= mostKept || told.contains(text)) return 1;
         told.insert(text);
     }
-    sendImageMessage(ImageMessage::Information,
-                     QStringLiteral("%1: %2").arg(static_cast<TiffReader*>(reader)->m_name, text));
+    ++self->m_warnings;
+    sendImageMessage(ImageMessage::Information, QStringLiteral("%1: %2").arg(self->m_name, text));
     return 1;
 }

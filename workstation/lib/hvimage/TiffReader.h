@@ -61,4 +61,5 @@ private:
     std::unique_ptr<tiff, Closer> m_handle;
     QString m_error;  // first one of the library since the last refusal or success
     QStringList m_told;
+    int m_warnings = 0;
 };
