@@ -174,4 +174,24 @@ TEST(QuantiseUnsigned, EveryInstructionSetAndTypeGivesTheSameVoxels)
     }
 }
 
+// Samples above, at and below the upper end, and one below the lower end, which is far above it as an
+// unsigned number.
+template <typename Sample>
+void expectClamped(viz::Simd simd)
+{
+    const std::vector<Sample> samples{10, 11, 60, 61, 62, 255, 9};
+    std::vector<std::uint8_t> voxels(samples.size());
+    viz::quantiseClamped(samples.data(), samples.size(), 10, 5.0F, voxels.data(), simd);
+    EXPECT_EQ(voxels, (std::vector<std::uint8_t>{0, 5, 250, 255, 255, 255, 255}));
+}
+
+TEST(QuantiseUnsigned, ClampedStopsAt255AtEveryLevel)
+{
+    for (const Simd simd : levels()) {
+        expectClamped<std::uint8_t>(simd);
+        expectClamped<std::uint16_t>(simd);
+        expectClamped<std::uint32_t>(simd);
+    }
+}
+
 }  // namespace

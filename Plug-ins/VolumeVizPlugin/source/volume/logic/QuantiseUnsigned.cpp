@@ -18,6 +18,7 @@ namespace {
 
 constexpr float twoTo31 = 2147483648.0F;
 constexpr float twoTo32 = 4294967296.0F;
+constexpr float brightest = 255.0F;
 
 // A difference of 32-bit unsigned numbers, rounded once to single precision.
 VIZ_INLINE float difference(std::uint32_t sample, std::uint32_t lowest)
@@ -33,15 +34,28 @@ VIZ_INLINE float narrowDifference(std::int32_t sample, std::int32_t lowest)
     return exact < 0.0F ? exact + twoTo32 : exact;
 }
 
+// What becomes of a level above 255.
+enum class Above
+{
+    Wraps,
+    Stops
+};
+
+template <Above above>
 VIZ_INLINE std::uint8_t voxel(float distance, float scale)
 {
     const float level = distance * scale + 0.5F;
-    const float inRange = level < twoTo31 ? level : 0.0F;
-    return static_cast<std::uint8_t>(static_cast<std::int32_t>(inRange));
+    if constexpr (above == Above::Stops) {
+        const float stopped = level < brightest ? level : brightest;
+        return static_cast<std::uint8_t>(static_cast<std::int32_t>(stopped));
+    } else {
+        const float inRange = level < twoTo31 ? level : 0.0F;
+        return static_cast<std::uint8_t>(static_cast<std::int32_t>(inRange));
+    }
 }
 
 // One loop, compiled once for every level of instructions.
-template <typename Sample>
+template <Above above, typename Sample>
 VIZ_INLINE void quantiseLoop(const Sample* __restrict samples, std::size_t count, std::uint32_t lowest,
                              float scale, std::uint8_t* __restrict voxels)
 {
@@ -49,40 +63,40 @@ VIZ_INLINE void quantiseLoop(const Sample* __restrict samples, std::size_t count
         if (lowest <= std::numeric_limits<std::uint16_t>::max()) {
             const auto from = static_cast<std::int32_t>(lowest);
             for (std::size_t i = 0; i < count; ++i)
-                voxels[i] = voxel(narrowDifference(samples[i], from), scale);
+                voxels[i] = voxel<above>(narrowDifference(samples[i], from), scale);
             return;
         }
     }
     for (std::size_t i = 0; i < count; ++i)
-        voxels[i] = voxel(difference(samples[i], lowest), scale);
+        voxels[i] = voxel<above>(difference(samples[i], lowest), scale);
 }
 
 #ifdef VIZ_HAS_WIDE_LOOPS
-template <typename Sample>
+template <Above above, typename Sample>
 VIZ_AVX2 void quantiseAvx2(const Sample* samples, std::size_t count, std::uint32_t lowest, float scale,
                            std::uint8_t* voxels)
 {
-    quantiseLoop(samples, count, lowest, scale, voxels);
+    quantiseLoop<above>(samples, count, lowest, scale, voxels);
 }
 
-template <typename Sample>
+template <Above above, typename Sample>
 VIZ_AVX512 void quantiseAvx512(const Sample* samples, std::size_t count, std::uint32_t lowest, float scale,
                                std::uint8_t* voxels)
 {
-    quantiseLoop(samples, count, lowest, scale, voxels);
+    quantiseLoop<above>(samples, count, lowest, scale, voxels);
 }
 #endif
 
-template <typename Sample>
+template <Above above = Above::Wraps, typename Sample>
 void quantiseAt(Simd simd, const Sample* samples, std::size_t count, std::uint32_t lowest, float scale,
                 std::uint8_t* voxels)
 {
 #ifdef VIZ_HAS_WIDE_LOOPS
-    if (simd == Simd::Avx512) return quantiseAvx512(samples, count, lowest, scale, voxels);
-    if (simd == Simd::Avx2) return quantiseAvx2(samples, count, lowest, scale, voxels);
+    if (simd == Simd::Avx512) return quantiseAvx512<above>(samples, count, lowest, scale, voxels);
+    if (simd == Simd::Avx2) return quantiseAvx2<above>(samples, count, lowest, scale, voxels);
 #endif
     static_cast<void>(simd);
-    quantiseLoop(samples, count, lowest, scale, voxels);
+    quantiseLoop<above>(samples, count, lowest, scale, voxels);
 }
 
 std::uint32_t truncated(double value)
@@ -132,5 +146,16 @@ void quantiseUnsigned(const std::uint32_t* samples, std::size_t count, std::uint
 {
     quantiseAt(simd, samples, count, lowest, scale, voxels);
 }
+
+template <typename Sample>
+void quantiseClamped(const Sample* samples, std::size_t count, std::uint32_t lowest, float scale,
+                     std::uint8_t* voxels, Simd simd)
+{
+    quantiseAt<Above::Stops>(simd, samples, count, lowest, scale, voxels);
+}
+
+template void quantiseClamped(const std::uint8_t*, std::size_t, std::uint32_t, float, std::uint8_t*, Simd);
+template void quantiseClamped(const std::uint16_t*, std::size_t, std::uint32_t, float, std::uint8_t*, Simd);
+template void quantiseClamped(const std::uint32_t*, std::size_t, std::uint32_t, float, std::uint8_t*, Simd);
 
 }  // namespace viz

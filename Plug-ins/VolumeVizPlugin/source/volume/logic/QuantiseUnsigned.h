@@ -39,4 +39,10 @@ void quantiseUnsigned(const std::uint16_t* samples, std::size_t count, std::uint
 void quantiseUnsigned(const std::uint32_t* samples, std::size_t count, std::uint32_t lowest, float scale,
                       std::uint8_t* voxels, Simd simd = widestSimd());
 
+/// The same, where a result above 255 gives 255: for a range whose upper end lies below the highest sample.
+/// @tparam Sample  unsigned number of 8, 16 or 32 bits
+template <typename Sample>
+void quantiseClamped(const Sample* samples, std::size_t count, std::uint32_t lowest, float scale,
+                     std::uint8_t* voxels, Simd simd = widestSimd());
+
 }  // namespace viz

@@ -15,6 +15,17 @@ VoxelLayout axialLayout(unsigned frame, unsigned columns, unsigned rows, unsigne
     return layout;
 }
 
+VoxelLayout sliceLayout(SliceAxis axis, unsigned frame, unsigned columns, unsigned rows, unsigned frames)
+{
+    if (axis == SliceAxis::Axial) return axialLayout(frame, columns, rows, frames);
+    const auto w = static_cast<std::ptrdiff_t>(columns);
+    const auto h = static_cast<std::ptrdiff_t>(rows);
+    const auto n = static_cast<std::ptrdiff_t>(frames);
+    const auto i = static_cast<std::ptrdiff_t>(frame);
+    if (axis == SliceAxis::Sagittal) return {i, h * n, n};
+    return {(n - 1 - i) * w * h, 1, w};
+}
+
 template <typename Sample>
 void storeFrame(const Sample* pixels, unsigned columns, unsigned rows, std::uint32_t lowest, float scale,
                 const VoxelLayout& layout, std::uint8_t* block)

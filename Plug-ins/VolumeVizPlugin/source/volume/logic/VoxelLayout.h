@@ -1,6 +1,7 @@
 #pragma once
 
 #include "volume/logic/QuantiseUnsigned.h"
+#include "volume/logic/SliceAxis.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -25,6 +26,11 @@ struct VoxelLayout
 /// plane. Pixel (x, y) is voxel x + frame * columns + (rows - 1 - y) * columns * frames.
 /// @param columns, rows  of a stored frame, in pixels
 VoxelLayout axialLayout(unsigned frame, unsigned columns, unsigned rows, unsigned frames);
+
+/// Frames as slices across one of the axes, placed so that the volume always lies in the same way. With W
+/// columns, H rows and N frames, pixel (x, y) of a frame is voxel frame + y * N + x * H * N for sagittal
+/// slices, x + y * W + (N - 1 - frame) * W * H for coronal ones; axial ones stand as above.
+VoxelLayout sliceLayout(SliceAxis axis, unsigned frame, unsigned columns, unsigned rows, unsigned frames);
 
 /// Maps columns x rows pixels to 8 bits (see quantiseUnsigned) and writes each to its place in the block,
 /// which all of them must have.
