@@ -4,6 +4,7 @@
 
 #ifdef __linux__
 #include <sys/mman.h>
+#include <unistd.h>
 #endif
 
 namespace {
@@ -13,9 +14,20 @@ constexpr std::size_t hugePage = std::size_t{2} << 20;
 
 }  // namespace
 
+bool fitsIntoMemory(std::uint64_t bytes)
+{
+#ifdef __linux__
+    const long pages = sysconf(_SC_PHYS_PAGES);
+    const long pageBytes = sysconf(_SC_PAGESIZE);
+    if (pages > 0 && pageBytes > 0)
+        return bytes <= static_cast<std::uint64_t>(pages) * static_cast<std::uint64_t>(pageBytes);
+#endif
+    return bytes <= SIZE_MAX / 2;
+}
+
 std::uint8_t* allocateVoxels(std::size_t bytes)
 {
-    if (bytes == 0) return nullptr;
+    if (bytes == 0 || !fitsIntoMemory(bytes)) return nullptr;
     // Large blocks come straight from the system: already zero, and not one page touched.
     void* const block = std::calloc(bytes, 1);
 #if defined(__linux__) && defined(MADV_HUGEPAGE)

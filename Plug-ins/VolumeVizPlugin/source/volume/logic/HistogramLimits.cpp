@@ -42,4 +42,11 @@ int findHistogramLimits(unsigned count, const std::uint32_t* histogram, double l
     return 0;
 }
 
+std::int64_t upperClip(std::int64_t histogramHigh, std::int64_t tissueVoxel, std::int64_t calibration,
+                       std::int64_t maximum)
+{
+    if (calibration < 2 || tissueVoxel < 1 || tissueVoxel <= histogramHigh) return histogramHigh;
+    return std::min(tissueVoxel, maximum);
+}
+
 }  // namespace viz

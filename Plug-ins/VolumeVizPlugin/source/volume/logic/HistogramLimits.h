@@ -16,4 +16,12 @@ namespace viz {
 int findHistogramLimits(unsigned count, const std::uint32_t* histogram, double lowPercent, double highPercent,
                         double spread, unsigned& low, unsigned& high);
 
+/// The upper end of the values of a CT volume, so that a few very bright samples do not darken the rest.
+/// @param histogramHigh   upper limit that findHistogramLimits() gave
+/// @param tissueVoxel     source value of the densest tissue, 0 when unknown
+/// @param calibration     calibration value for water, 0 when there is no calibration
+/// @param maximum         highest source value
+std::int64_t upperClip(std::int64_t histogramHigh, std::int64_t tissueVoxel, std::int64_t calibration,
+                       std::int64_t maximum);
+
 }  // namespace viz
