@@ -46,19 +46,40 @@ public:
     /// Null for `ALL_VIEWS`.
     QPointer<C3DSlice> get3DSliceView(C3DScene::slice_view view);
 
-    /// Takes up or leaves the measuring tool.
+    /// Takes up or leaves the measuring of distances: the user clicks at two points, which lie on the first
+    /// voxels that are seen there, or on a slice. It is no tool in the sense of `getCurrentTool`, and takes
+    /// the place of one. Leaving it removes what was measured.
     void doMeasureVoxels(bool bMeasure);
-    /// Takes up or leaves a tool for the object of that name.
+    bool isMeasuring() const;
+    /// Takes up a tool for the object of that name, in the place of another tool and of measuring; without
+    /// such an object nothing changes. The transform tool writes the object's transformation, the cropping
+    /// tool the crop box of the view. With `bShow` false the tool is left, whatever the name; another tool
+    /// stays.
     void showTransformTool(bool bShow, QString object);
     void showCroppingTool(bool bShow, QString object);
     /// Lets the tool, if it is in use, follow its object.
     void updateTransformTool();
     void updateCroppingTool();
-    /// The tool in use, or null.
+    /// The tool in use, or null. A tool ends with its object.
     C3DToolBase* getCurrentTool();
+
+signals:
+    /// Measuring was taken up or left, by an operation or by the Escape key.
+    void measuringChanged(bool bMeasuring);
+    /// The user has measured a distance, in millimetres.
+    void distanceMeasured(double distance);
 
 protected:
     void renderDecorations() override;
+    void renderOverlay(const QSize& pixels, double scale) override;
+    bool event(QEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void leaveEvent(QEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
 
 private:
     Q_DISABLE_COPY(C3DScene)

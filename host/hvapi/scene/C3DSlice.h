@@ -24,6 +24,10 @@ public:
     /// Repaints what shows the plane.
     void update();
 
+    /// The host's own side of the slice.
+    struct Private;
+    Private& hostSide();
+
 signals:
     void sliceChanged();
 
@@ -31,6 +35,5 @@ private:
     Q_DISABLE_COPY(C3DSlice)
     friend class C3DScene;
     explicit C3DSlice(int axis);
-    struct Private;
     std::unique_ptr<Private> d;
 };

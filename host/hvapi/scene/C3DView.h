@@ -44,12 +44,12 @@ public:
     /// Eight corner offsets, which go to every volume of the scene at once. Null is ignored.
     void setCroppingBoxOffset(Vec3f* const offsets);
     /// Makes the crop box from eight corners in the volume's own space, in millimetres and in the order of
-    /// `sCropBoxOffset`. Null is ignored.
+    /// `sCropBoxOffset`. Null is ignored, and so is a call without a volume in the scene.
     void setCroppingBBox(Vec3f* const corners);
 
     /// From a value in Hounsfield units to the stored value, by the calibration of the system that took the
-    /// volume: the stored value as a real number and as an integer, and the two calibration values (air,
-    /// water). All four are 0 without a calibration.
+    /// volume: the stored value as a real number and as an integer of 16 bits, and the stored values of air
+    /// (-1000 HU) and water (0 HU). All four are 0 where there is no calibration. Null pointers are left out.
     void CTHUValueReverseToVoxelsConverter(int hounsfield, float* value, int* voxel, int* calibrationA,
                                            int* calibrationB);
 
@@ -77,6 +77,9 @@ protected:
     /// Draws what the view shows beside the objects of the scene, with the scene's camera set. The base draws
     /// nothing.
     virtual void renderDecorations();
+    /// Draws what lies over the scene, into a framebuffer of `pixels` with `scale` pixels a line of the
+    /// decorations. The base draws nothing.
+    virtual void renderOverlay(const QSize& pixels, double scale);
 
 private:
     Q_DISABLE_COPY(C3DView)

@@ -72,8 +72,11 @@ public:
 
     /// Copies 256 entries of R, G, B, A; the caller keeps the table. Null is ignored.
     void setVolumeColorTable(unsigned char* table);
+    /// The 256 entries; valid as long as the volume.
+    const unsigned char* getVolumeColorTable() const;
     /// The voxel value from which the volume counts as solid for picking and measuring.
     void setVolumeRenderThreshold(unsigned char threshold);
+    unsigned char getVolumeRenderThreshold() const;
 
     /// A crop tool of the view changed the crop planes; `bModified` tells that the user's work has changed.
     /// The base asks the views to repaint.

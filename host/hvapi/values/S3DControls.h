@@ -6,9 +6,10 @@
 /// a window's copy and hand that to CHVSChildWindow::apply3DControls.
 struct S3DControls
 {
-    bool m_bMeasuring = false;       ///< the tool that measures distances and voxels is on
-    bool m_bShowBoundingBox = true;  ///< frames around the objects are drawn
-    bool m_bShowAxes = true;         ///< the axes of orientation are drawn
+    bool m_bMeasuring = false;                     ///< distances are being measured
+    bool m_bShowSlice[3] = {false, false, false};  ///< the slice planes across x, y and z are shown
+    bool m_bShowBoundingBox = true;                ///< frames around the objects are drawn
+    bool m_bShowAxes = true;                       ///< the axes of orientation are drawn
 };
 
 Q_DECLARE_METATYPE(S3DControls*)

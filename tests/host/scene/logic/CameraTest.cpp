@@ -325,4 +325,35 @@ TEST(CameraTest, ANewSceneIsFittedUnlessTheUserHasChosenAPlace)
     EXPECT_NEAR(camera.halfHeight(), 2 * 1.12, 1e-9);
 }
 
+TEST(CameraTest, WhatTheUserLooksAtStaysWhenTheSceneGrowsOrMoves)
+{
+    Camera camera;
+    camera.setScene(testBox(), false);
+    camera.orbit(0.4, 0.3);
+    camera.keepPlace();
+    const auto before = camera.toWindow({1, 2, 3});
+    camera.setScene(boxOf({50, -1, -1}, {90, 70, 1}), false);
+    const auto after = camera.toWindow({1, 2, 3});
+    EXPECT_NEAR(after[0], before[0], 1e-12);
+    EXPECT_NEAR(after[1], before[1], 1e-12);
+    const auto p = camera.viewMatrix();
+    const Vec3 far = boxOf({50, -1, -1}, {90, 70, 1}).corner(7);
+    const double depth = -(p[2] * far.x + p[6] * far.y + p[10] * far.z + p[14]);
+    EXPECT_GT(depth, camera.frustum().near);
+    EXPECT_LT(depth, camera.frustum().far);
+    // Back to the first scene is back to the first picture.
+    camera.setScene(testBox(), false);
+    EXPECT_NEAR(camera.toWindow({1, 2, 3})[0], before[0], 1e-12);
+    EXPECT_NEAR(camera.toWindow({1, 2, 3})[1], before[1], 1e-12);
+}
+
+TEST(CameraTest, ThePointInFrontIsNearerThanTheWholeScene)
+{
+    Camera camera;
+    camera.setScene(testBox(), true);
+    camera.setPreset(ViewPreset::Iso);
+    for (int k = 0; k < 8; ++k)
+        EXPECT_LT(dot(testBox().corner(k) - camera.pointInFront(), camera.back()), 0.0);
+}
+
 }  // namespace

@@ -1,6 +1,7 @@
 #include "lib/hvapi/scene/C3DSGManagerPrivate.h"
 
 #include "hvapi/scene/C3DView.h"
+#include "hvapi/scene/C3DVolumeData.h"
 #include "lib/hvapi/scene/GlContextScope.h"
 #include "lib/hvapi/scene/logic/VolumeSize.h"
 
@@ -122,6 +123,13 @@ void C3DSGManager::Private::requestRepaint() const
 {
     for (C3DView* view : views)
         view->update();
+}
+
+C3DVolumeData* C3DSGManager::Private::volumeToCrop() const
+{
+    for (C3DObject* object : renderables())
+        if (auto* volume = qobject_cast<C3DVolumeData*>(object)) return volume;
+    return nullptr;
 }
 
 namespace hvscene {

@@ -3,12 +3,15 @@
 #include "hvapi/scene/C3DObject.h"
 #include "hvapi/scene/C3DSGManager.h"
 #include "hvapi/values/sCropBoxOffset.h"
+#include "lib/hvapi/scene/logic/Hounsfield.h"
 #include "lib/hvapi/scene/logic/Vec3.h"
 
 #include <QPointer>
+#include <optional>
 #include <vector>
 
 class C3DView;
+class C3DVolumeData;
 
 /// What the views of a graph share.
 struct C3DSGManager::Private
@@ -25,11 +28,15 @@ struct C3DSGManager::Private
     /// Around the transformed boxes of all valid renderables, shown or hidden; millimetres of the scene.
     hvscene::Box sceneBox() const;
     void requestRepaint() const;
+    /// The volume to which the crop box belongs: the first one of the renderables, or null.
+    C3DVolumeData* volumeToCrop() const;
 
     C3DSGManager* q;
     QPointer<C3DSGNode> root;
     QString transformObject;
     sCropBoxOffset cropOffsets;
+    /// Of the system that took the sequence, if its description has one.
+    std::optional<hvscene::CtCalibration> calibration;
     std::vector<C3DView*> views;
 
 private:

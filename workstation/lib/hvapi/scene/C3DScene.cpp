@@ -1,31 +1,25 @@
 #include "hvapi/scene/C3DScene.h"
 
 #include "hvapi/scene/C3DObject.h"
-#include "hvapi/scene/C3DToolBase.h"
 #include "lib/hvapi/scene/C3DSGManagerPrivate.h"
+#include "lib/hvapi/scene/C3DScenePrivate.h"
 #include "lib/hvapi/scene/C3DSlicePrivate.h"
 #include "lib/hvapi/scene/C3DViewPrivate.h"
 
 #include <QCoreApplication>
 #include <QEvent>
-#include <array>
-
-struct C3DScene::SceneData
-{
-    std::array<std::unique_ptr<C3DSlice>, 3> slices;
-    C3DToolBase* tool = nullptr;  // not owned: tools live in their own place and leave here when they end
-};
-
-C3DToolBase::~C3DToolBase() = default;
 
 C3DScene::C3DScene(C3DSGManager* manager, QWidget* parent, Qt::WindowFlags flags)
     : C3DView(manager, parent, flags)
-    , s(std::make_unique<SceneData>())
+    , s(std::make_unique<SceneData>(*this))
 {
     for (int axis = 0; axis < 3; ++axis) {
         auto& slice = s->slices[static_cast<std::size_t>(axis)];
         slice.reset(new C3DSlice(axis));
-        connect(slice.get(), &C3DSlice::sliceChanged, this, qOverload<>(&QWidget::update));
+        connect(slice.get(), &C3DSlice::sliceChanged, this, [this] {
+            s->watchMouse();
+            update();
+        });
     }
 }
 
@@ -94,29 +88,15 @@ QPointer<C3DSlice> C3DScene::get3DSliceView(C3DScene::slice_view view)
     return s->slices[static_cast<std::size_t>(view)].get();
 }
 
-void C3DScene::updateTransformTool()
-{
-    if (s->tool) s->tool->update();
-}
-
-void C3DScene::updateCroppingTool()
-{
-    if (s->tool) s->tool->update();
-}
-
-C3DToolBase* C3DScene::getCurrentTool()
-{
-    return s->tool;
-}
-
 void C3DScene::renderDecorations()
 {
     C3DSGManager* manager = hostSide().manager;
     if (!manager) return;
     createSliceDisplayLists();
+    const float lineWidth = static_cast<float>(devicePixelRatioF());
     for (auto& slice : s->slices) {
         if (!slice->isDisplayed()) continue;
-        slice->d->drawOutline();
+        slice->d->drawOutline(lineWidth);
         GLdouble plane[4] = {0.0, 0.0, 0.0, slice->getPosition()};
         plane[slice->getAxis()] = 1.0;
         for (C3DObject* object : manager->hostSide().renderables())

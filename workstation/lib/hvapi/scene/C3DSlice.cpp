@@ -1,5 +1,7 @@
 #include "lib/hvapi/scene/C3DSlicePrivate.h"
 
+#include "lib/hvapi/scene/AxisColours.h"
+
 #include <QtGui/qopengl.h>
 #include <algorithm>
 
@@ -44,31 +46,48 @@ bool C3DSlice::isDisplayed() const
     return d->displayed;
 }
 
+C3DSlice::Private& C3DSlice::hostSide()
+{
+    return *d;
+}
+
 void C3DSlice::Private::update(const Box& scene)
 {
     dirty = false;
     outline = {};
+    hasOutline = !scene.empty;
     if (scene.empty) return;
-    const double low[3] = {scene.min.x, scene.min.y, scene.min.z};
-    const double high[3] = {scene.max.x, scene.max.y, scene.max.z};
-    position = std::clamp(position, low[axis], high[axis]);
+    const double lows[3] = {scene.min.x, scene.min.y, scene.min.z};
+    const double highs[3] = {scene.max.x, scene.max.y, scene.max.z};
+    low = lows[axis];
+    high = highs[axis];
+    position = inScene(position);
     const int u = (axis + 1) % 3;
     const int v = (axis + 2) % 3;
     for (int k = 0; k < 4; ++k) {
         double p[3];
         p[axis] = position;
-        p[u] = (k == 1 || k == 2) ? high[u] : low[u];
-        p[v] = (k >= 2) ? high[v] : low[v];
+        p[u] = (k == 1 || k == 2) ? highs[u] : lows[u];
+        p[v] = (k >= 2) ? highs[v] : lows[v];
         outline[static_cast<std::size_t>(k)] = {p[0], p[1], p[2]};
     }
 }
 
-void C3DSlice::Private::drawOutline() const
+double C3DSlice::Private::inScene(double wanted) const
 {
-    static const GLfloat colours[3][3] = {
-        {0.95f, 0.44f, 0.40f}, {0.52f, 0.83f, 0.45f}, {0.40f, 0.66f, 0.98f}};
-    glPushAttrib(GL_CURRENT_BIT);
-    glColor3fv(colours[axis]);
+    return std::clamp(wanted, low, high);
+}
+
+void C3DSlice::Private::drawOutline(float lineWidth) const
+{
+    const QColor colour = hvscene::axisColour(axis);
+    glPushAttrib(GL_CURRENT_BIT | GL_LINE_BIT | GL_ENABLE_BIT | GL_COLOR_BUFFER_BIT | GL_HINT_BIT);
+    glEnable(GL_BLEND);
+    glBlendFunc(GL_SRC_ALPHA, GL_ONE_MINUS_SRC_ALPHA);
+    glEnable(GL_LINE_SMOOTH);
+    glHint(GL_LINE_SMOOTH_HINT, GL_NICEST);
+    glLineWidth(1.3f * lineWidth);
+    glColor3d(colour.redF(), colour.greenF(), colour.blueF());
     glBegin(GL_LINE_LOOP);
     for (const Vec3& p : outline)
         glVertex3d(p.x, p.y, p.z);

@@ -11,10 +11,17 @@ struct C3DSlice::Private
     double position = 0.0;
     bool displayed = false;
     bool dirty = true;
+    bool hasOutline = false;
+    double low = 0.0;  ///< of the scene's box, along the axis
+    double high = 0.0;
     std::array<hvscene::Vec3, 4> outline;  ///< where the plane meets the scene's box
 
     /// Brings the plane into the box and takes the outline anew.
     void update(const hvscene::Box& scene);
+    /// The position nearest to `wanted` that is in the box.
+    double inScene(double wanted) const;
+    /// Where the plane's knob is: the corner of the outline at the upper ends of the other two axes.
+    hvscene::Vec3 knob() const { return outline[2]; }
     /// Needs a current context and the scene's matrices.
-    void drawOutline() const;
+    void drawOutline(float lineWidth) const;
 };

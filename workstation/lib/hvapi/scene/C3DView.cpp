@@ -2,6 +2,8 @@
 
 #include "hvapi/scene/C3DVolumeData.h"
 #include "lib/hvapi/scene/C3DSGManagerPrivate.h"
+#include "lib/hvapi/scene/SceneTool.h"
+#include "lib/hvapi/scene/logic/CropBox.h"
 #include "lib/hvutils/HostServices.h"
 
 #include <QMouseEvent>
@@ -60,6 +62,7 @@ C3DView::~C3DView()
     }
     d->wheelRest.stop();
     d->drag = Private::Drag::None;
+    d->toolMoving = false;
     d->updateFastMode();
 }
 
@@ -87,6 +90,32 @@ void C3DView::setCroppingBoxOffset(Vec3f* const offsets)
     graph.requestRepaint();
 }
 
+void C3DView::setCroppingBBox(Vec3f* const corners)
+{
+    C3DVolumeData* volume = corners && d->manager ? d->manager->hostSide().volumeToCrop() : nullptr;
+    if (!volume) return;
+    hvscene::CropCorners wanted;
+    for (std::size_t k = 0; k < 8; ++k)
+        wanted[k] = hvscene::toVec3(corners[k]);
+    const hvscene::CropOffsets offsets = hvscene::cropOffsets(hvscene::ownBox(*volume), wanted);
+    Vec3f out[8];
+    for (std::size_t k = 0; k < 8; ++k)
+        out[k].set(offsets[k].x, offsets[k].y, offsets[k].z);
+    setCroppingBoxOffset(out);
+}
+
+void C3DView::CTHUValueReverseToVoxelsConverter(int hounsfield, float* value, int* voxel, int* calibrationA,
+                                                int* calibrationB)
+{
+    const auto calibration = d->manager ? d->manager->hostSide().calibration : std::nullopt;
+    const auto stored = calibration ? hvscene::storedHounsfield(hounsfield, *calibration) : std::nullopt;
+    const hvscene::StoredHounsfield out = stored.value_or(hvscene::StoredHounsfield());
+    if (value) *value = static_cast<float>(out.value);
+    if (voxel) *voxel = out.stored;
+    if (calibrationA) *calibrationA = out.air;
+    if (calibrationB) *calibrationB = out.water;
+}
+
 C3DView::Private& C3DView::hostSide()
 {
     return *d;
@@ -100,6 +129,8 @@ void C3DView::paintGL()
 }
 
 void C3DView::renderDecorations() {}
+
+void C3DView::renderOverlay(const QSize&, double) {}
 
 void C3DView::mousePressEvent(QMouseEvent* event)
 {
@@ -227,13 +258,13 @@ void C3DView::Private::endDrag()
     drag = Drag::None;
     dragButton = Qt::NoButton;
     dragMoved = false;
-    q.setMouseTracking(false);
+    q.setMouseTracking(watchMouse);
     updateFastMode();
 }
 
 void C3DView::Private::updateFastMode()
 {
-    const bool moving = (drag != Drag::None && dragMoved) || wheelRest.isActive();
+    const bool moving = (drag != Drag::None && dragMoved) || wheelRest.isActive() || toolMoving;
     if (moving == fast) return;
     fast = moving;
     HostServices::instance().setFastRenderingMode(fast);
@@ -244,6 +275,17 @@ void C3DView::Private::cameraMoved()
 {
     emit q.cameraChanged();
     q.update();
+}
+
+void C3DView::Private::setWatchMouse(bool watch)
+{
+    watchMouse = watch;
+    if (drag == Drag::None) q.setMouseTracking(watch);
+}
+
+hvscene::ViewProjection C3DView::Private::projection() const
+{
+    return hvscene::ViewProjection(camera, q.width(), q.height());
 }
 
 hvscene::Box C3DView::Private::currentSceneBox() const

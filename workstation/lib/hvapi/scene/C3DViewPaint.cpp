@@ -31,6 +31,7 @@ void C3DView::Private::paint(QSize pixels, double scale)
         hvscene::setHeadLight();
         glLoadMatrixd(camera.viewMatrix().data());
         paintScene();
+        q.renderOverlay(pixels, scale);
         paintOverlay(pixels, scale);
         hvscene::makeOpaque();
     }

@@ -3,6 +3,7 @@
 #include "hvapi/scene/C3DView.h"
 #include "lib/hvapi/scene/OrientationAxes.h"
 #include "lib/hvapi/scene/logic/Camera.h"
+#include "lib/hvapi/scene/logic/ViewProjection.h"
 
 #include <QPoint>
 #include <QPointer>
@@ -34,6 +35,10 @@ struct C3DView::Private
     void endDrag();
     void updateFastMode();
     void cameraMoved();
+    /// The mouse is followed also with no button down.
+    void setWatchMouse(bool watch);
+    /// As the window shows the scene, in the pixels of mouse events.
+    hvscene::ViewProjection projection() const;
 
     C3DView& q;
     QPointer<C3DSGManager> manager;
@@ -45,6 +50,8 @@ struct C3DView::Private
     Drag drag = Drag::None;
     Qt::MouseButton dragButton = Qt::NoButton;
     bool dragMoved = false;
+    bool watchMouse = false;
+    bool toolMoving = false;  ///< a tool of the view is being dragged
     QPoint lastPosition;
     QTimer wheelRest;  ///< runs while wheel steps follow one another
     bool fast = false;

@@ -209,9 +209,19 @@ void C3DVolumeData::setVolumeColorTable(unsigned char* table)
     hvscene::repaintViewsOf(this);
 }
 
+const unsigned char* C3DVolumeData::getVolumeColorTable() const
+{
+    return m_volumeColorTable;
+}
+
 void C3DVolumeData::setVolumeRenderThreshold(unsigned char threshold)
 {
     d->threshold = threshold;
+}
+
+unsigned char C3DVolumeData::getVolumeRenderThreshold() const
+{
+    return d->threshold;
 }
 
 void C3DVolumeData::notifyCropEquationsChanged(bool)

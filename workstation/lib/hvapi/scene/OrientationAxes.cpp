@@ -1,5 +1,6 @@
 #include "lib/hvapi/scene/OrientationAxes.h"
 
+#include "lib/hvapi/scene/AxisColours.h"
 #include "lib/hvapi/scene/logic/ScaleBar.h"
 
 #include <QColor>
@@ -70,9 +71,9 @@ const QImage& OrientationAxes::image(const Camera& camera, double scale)
     const Vec3 r = camera.right();
     const Vec3 u = camera.up();
     const Vec3 b = camera.back();
-    std::array<Axis, 3> axes{{{QStringLiteral("X"), QColor(0xf2, 0x70, 0x66), r.x, u.x, b.x},
-                              {QStringLiteral("Y"), QColor(0x84, 0xd3, 0x72), r.y, u.y, b.y},
-                              {QStringLiteral("Z"), QColor(0x66, 0xa9, 0xfa), r.z, u.z, b.z}}};
+    std::array<Axis, 3> axes{{{QStringLiteral("X"), axisColour(0), r.x, u.x, b.x},
+                              {QStringLiteral("Y"), axisColour(1), r.y, u.y, b.y},
+                              {QStringLiteral("Z"), axisColour(2), r.z, u.z, b.z}}};
     std::stable_sort(axes.begin(), axes.end(), [](const Axis& a, const Axis& c) { return a.z < c.z; });
 
     QPainter painter(&m_image);

@@ -140,6 +140,14 @@ void CHVSSequenceWindow::prepare3DView()
                 [this](bool on) { getWindowControls()->m_3DControls.m_bShowBoundingBox = on; });
         connect(d->scenePage, &ScenePage::axesToggled, this,
                 [this](bool on) { getWindowControls()->m_3DControls.m_bShowAxes = on; });
+        connect(d->scenePage, &ScenePage::sliceToggled, this,
+                [this](int axis, bool on) { getWindowControls()->m_3DControls.m_bShowSlice[axis] = on; });
+        connect(d->scenePage, &ScenePage::measuringToggled, this, [this](bool on) {
+            getWindowControls()->m_3DControls.m_bMeasuring = on;
+            emit update3DToolButtonsStates(&getWindowControls()->m_3DControls);
+        });
+        connect(d->scenePage->scene(), &C3DScene::measuringChanged, this,
+                [this](bool on) { getWindowControls()->m_3DControls.m_bMeasuring = on; });
         d->tabs->widget(SceneTab)->layout()->addWidget(d->scenePage);
         set3DToolsStates();
     }

@@ -1,6 +1,7 @@
 #include "lib/hvapi/windows/ScenePage.h"
 
 #include "hvapi/scene/C3DScene.h"
+#include "hvapi/scene/C3DSlice.h"
 #include "lib/hvapi/scene/ViewControl.h"
 #include "lib/hvapi/windows/ViewIcons.h"
 
@@ -31,6 +32,23 @@ constexpr Preset presets[] = {
     {"m_pViewIso", QT_TRANSLATE_NOOP("ScenePage", "Iso"),
      QT_TRANSLATE_NOOP("ScenePage", "Isometric view: from the right, above and in front"), ViewIcon::Iso,
      ViewPreset::Iso},
+};
+
+struct Plane
+{
+    char const* name;
+    char const* text;
+    char const* tip;
+    ViewIcon icon;
+};
+
+constexpr Plane planes[3] = {
+    {"m_pShowSliceX", QT_TRANSLATE_NOOP("ScenePage", "X Slice"),
+     QT_TRANSLATE_NOOP("ScenePage", "Slice across x; drag it by its frame"), ViewIcon::SliceX},
+    {"m_pShowSliceY", QT_TRANSLATE_NOOP("ScenePage", "Y Slice"),
+     QT_TRANSLATE_NOOP("ScenePage", "Slice across y; drag it by its frame"), ViewIcon::SliceY},
+    {"m_pShowSliceZ", QT_TRANSLATE_NOOP("ScenePage", "Z Slice"),
+     QT_TRANSLATE_NOOP("ScenePage", "Slice across z; drag it by its frame"), ViewIcon::SliceZ},
 };
 
 QAction* makeAction(QToolBar& bar, char const* name, QString const& text, QString const& tip, ViewIcon icon)
@@ -79,6 +97,29 @@ ScenePage::ScenePage(C3DSGManager* graph, QWidget* parent)
         emit axesToggled(on);
     });
 
+    bar->addSeparator();
+    for (int axis = 0; axis < 3; ++axis) {
+        auto const& plane = planes[axis];
+        auto* action = makeAction(*bar, plane.name, tr(plane.text), tr(plane.tip), plane.icon);
+        action->setCheckable(true);
+        connect(action, &QAction::triggered, this, [this, axis](bool on) {
+            showSlice(axis, on);
+            emit sliceToggled(axis, on);
+        });
+        m_slices[axis] = action;
+    }
+    bar->addSeparator();
+    m_measure = makeAction(*bar, "m_pMeasure", tr("Measure"),
+                           tr("Measure a distance: click at two points of the volume or of a slice"),
+                           ViewIcon::Measure);
+    m_measure->setCheckable(true);
+    connect(m_measure, &QAction::triggered, this, [this](bool on) {
+        // Whoever has a tool in the scene gives it up first.
+        emit measuringToggled(on);
+        m_scene->doMeasureVoxels(on);
+    });
+    connect(m_scene, &C3DScene::measuringChanged, m_measure, &QAction::setChecked);
+
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
@@ -93,4 +134,15 @@ void ScenePage::apply(S3DControls const& controls)
     m_axes->setChecked(controls.m_bShowAxes);
     ViewControl(*m_scene).showBoundingBox(controls.m_bShowBoundingBox);
     ViewControl(*m_scene).showAxes(controls.m_bShowAxes);
+    for (int axis = 0; axis < 3; ++axis) {
+        m_slices[axis]->setChecked(controls.m_bShowSlice[axis]);
+        showSlice(axis, controls.m_bShowSlice[axis]);
+    }
+    m_measure->setChecked(controls.m_bMeasuring);
+    m_scene->doMeasureVoxels(controls.m_bMeasuring);
+}
+
+void ScenePage::showSlice(int axis, bool on)
+{
+    m_scene->get3DSliceView(static_cast<C3DScene::slice_view>(axis))->show(on);
 }

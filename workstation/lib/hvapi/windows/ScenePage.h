@@ -22,11 +22,21 @@ public:
     void apply(S3DControls const& controls);
 
 signals:
+    // By the user only.
     void boundingBoxToggled(bool on);
     void axesToggled(bool on);
+    /// The plane across an axis, 0 to 2 for x to z.
+    void sliceToggled(int axis, bool on);
+    /// The user asks for measuring, or leaves it by the button. The scene does not measure yet, or still
+    /// does.
+    void measuringToggled(bool on);
 
 private:
+    void showSlice(int axis, bool on);
+
     C3DScene* m_scene;
     QAction* m_boundingBox;
     QAction* m_axes;
+    QAction* m_slices[3];
+    QAction* m_measure;
 };

@@ -1,5 +1,7 @@
 #include "lib/hvapi/windows/ViewIcons.h"
 
+#include "lib/hvapi/scene/AxisColours.h"
+
 #include <QPainter>
 #include <QPixmap>
 #include <QPolygonF>
@@ -30,9 +32,38 @@ void draw(QPainter& painter, ViewIcon icon, QColor const& line, QColor const& ac
 {
     painter.setPen(QPen(line, 1.3, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
     if (icon == ViewIcon::Axes) {
-        drawAxis(painter, {17, 12}, QColor(224, 82, 82));
-        drawAxis(painter, {8, 3}, QColor(92, 184, 92));
-        drawAxis(painter, {3, 17}, QColor(84, 140, 240));
+        drawAxis(painter, {17, 12}, hvscene::axisColour(0));
+        drawAxis(painter, {8, 3}, hvscene::axisColour(1));
+        drawAxis(painter, {3, 17}, hvscene::axisColour(2));
+        return;
+    }
+    if (icon == ViewIcon::Measure) {
+        painter.translate(10, 10);
+        painter.rotate(-45);
+        painter.drawRoundedRect(QRectF(-9.5, -3.6, 19, 7.2), 1.2, 1.2);
+        for (int tick = 0; tick < 5; ++tick)
+            painter.drawLine(QPointF(-6.4 + 3.2 * tick, -3.6),
+                             QPointF(-6.4 + 3.2 * tick, tick % 2 ? -1.6 : -0.4));
+        return;
+    }
+    if (icon == ViewIcon::SliceX || icon == ViewIcon::SliceY || icon == ViewIcon::SliceZ) {
+        int const axis = static_cast<int>(icon) - static_cast<int>(ViewIcon::SliceX);
+        // The cut through the middle of the cube, in the colour of its normal.
+        QPolygonF const cuts[3] = {QPolygonF({{7.5, 7}, {12.5, 3}, {12.5, 13}, {7.5, 17}}),
+                                   QPolygonF({{3, 12}, {8, 8}, {17, 8}, {12, 12}}),
+                                   QPolygonF({{5.5, 5}, {14.5, 5}, {14.5, 15}, {5.5, 15}})};
+        QColor const colour = accent == line ? line : hvscene::axisColour(axis);
+        QColor thin = line;
+        thin.setAlphaF(0.55);
+        painter.setPen(QPen(thin, 1.0, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+        painter.drawPolygon(front);
+        painter.drawPolygon(top);
+        painter.drawPolygon(right);
+        painter.setPen(QPen(colour, 1.4, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+        QColor fill = colour;
+        fill.setAlphaF(0.45);
+        painter.setBrush(fill);
+        painter.drawPolygon(cuts[axis]);
         return;
     }
     if (icon == ViewIcon::BoundingBox) {

@@ -12,7 +12,11 @@ enum class ViewIcon
     Iso,          ///< a cube
     Reset,        ///< a cube in a frame
     BoundingBox,  ///< the edges of a box
-    Axes          ///< three axes from one point
+    Axes,         ///< three axes from one point
+    SliceX,       ///< a cube cut across x, and so for y and z
+    SliceY,
+    SliceZ,
+    Measure  ///< a ruler
 };
 
 QIcon viewIcon(ViewIcon icon, QPalette const& palette);

@@ -48,8 +48,14 @@ void Camera::setScene(const Box& box, bool fitAnew)
         m_box.add(middle + half);
     }
     m_radius = m_box.radius();
+    const Vec3 moved = m_box.center() - m_pivot;
     m_pivot = m_box.center();
-    if (fitAnew || m_fitted) fit();
+    if (fitAnew || m_fitted) {
+        fit();
+    } else {
+        m_panX += dot(moved, m_right);
+        m_panY += dot(moved, m_up);
+    }
 }
 
 void Camera::setPreset(ViewPreset preset)

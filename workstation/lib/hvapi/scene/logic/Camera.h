@@ -31,8 +31,11 @@ public:
     /// Width and height of the window, in any one unit; not above 0 is ignored.
     void setWindow(double width, double height);
     /// The scene to look at; an empty box stands for one of 100 mm around the origin. The picture is fitted
-    /// anew when the user has neither zoomed nor panned, or when `fitAnew` is set.
+    /// anew when the user has neither zoomed nor panned, or when `fitAnew` is set; else what is in the window
+    /// stays where it is.
     void setScene(const Box& box, bool fitAnew);
+    /// From now on the picture counts as the user's own choice, as after zooming.
+    void keepPlace() { m_fitted = false; }
 
     void setPreset(ViewPreset preset);
     /// Takes the whole scene into the window and its middle to the middle; the direction stays.
@@ -65,6 +68,8 @@ public:
     double halfHeight() const { return m_halfHeight; }
     /// From scene to window, as shares of the window's height from its middle.
     std::array<double, 2> toWindow(Vec3 p) const;
+    /// A point that lies nearer to the viewer than the whole scene.
+    Vec3 pointInFront() const { return m_pivot + m_back * distance(); }
 
 private:
     double distance() const { return 2.0 * m_radius; }
