@@ -92,14 +92,22 @@ void C3DScene::renderDecorations()
 {
     C3DSGManager* manager = hostSide().manager;
     if (!manager) return;
+    // Frames follow whatever has moved in the scene.
+    const hvscene::Box scene = hostSide().currentSceneBox();
+    for (auto& slice : s->slices)
+        if (slice->d->scene != scene) slice->d->dirty = true;
     createSliceDisplayLists();
     const float lineWidth = static_cast<float>(devicePixelRatioF());
     for (auto& slice : s->slices) {
         if (!slice->isDisplayed()) continue;
-        slice->d->drawOutline(lineWidth);
         GLdouble plane[4] = {0.0, 0.0, 0.0, slice->getPosition()};
         plane[slice->getAxis()] = 1.0;
         for (C3DObject* object : manager->hostSide().renderables())
             if (object->isDisplayed() && object->isValid()) object->renderSlice(plane, 0);
     }
+    // A little nearer than the planes whose borders they are: about what a slanted plane gains across a line.
+    glDepthRange(0.0, 0.996);
+    for (auto& slice : s->slices)
+        if (slice->isDisplayed()) slice->d->drawOutline(lineWidth);
+    glDepthRange(0.0, 1.0);
 }

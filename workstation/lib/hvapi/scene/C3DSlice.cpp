@@ -51,31 +51,31 @@ C3DSlice::Private& C3DSlice::hostSide()
     return *d;
 }
 
-void C3DSlice::Private::update(const Box& scene)
+void C3DSlice::Private::update(const Box& box)
 {
     dirty = false;
+    scene = box;
     outline = {};
-    hasOutline = !scene.empty;
     if (scene.empty) return;
-    const double lows[3] = {scene.min.x, scene.min.y, scene.min.z};
-    const double highs[3] = {scene.max.x, scene.max.y, scene.max.z};
-    low = lows[axis];
-    high = highs[axis];
     position = inScene(position);
+    const double low[3] = {scene.min.x, scene.min.y, scene.min.z};
+    const double high[3] = {scene.max.x, scene.max.y, scene.max.z};
     const int u = (axis + 1) % 3;
     const int v = (axis + 2) % 3;
     for (int k = 0; k < 4; ++k) {
         double p[3];
         p[axis] = position;
-        p[u] = (k == 1 || k == 2) ? highs[u] : lows[u];
-        p[v] = (k >= 2) ? highs[v] : lows[v];
+        p[u] = (k == 1 || k == 2) ? high[u] : low[u];
+        p[v] = (k >= 2) ? high[v] : low[v];
         outline[static_cast<std::size_t>(k)] = {p[0], p[1], p[2]};
     }
 }
 
 double C3DSlice::Private::inScene(double wanted) const
 {
-    return std::clamp(wanted, low, high);
+    const double low[3] = {scene.min.x, scene.min.y, scene.min.z};
+    const double high[3] = {scene.max.x, scene.max.y, scene.max.z};
+    return scene.empty ? wanted : std::clamp(wanted, low[axis], high[axis]);
 }
 
 void C3DSlice::Private::drawOutline(float lineWidth) const

@@ -11,13 +11,11 @@ struct C3DSlice::Private
     double position = 0.0;
     bool displayed = false;
     bool dirty = true;
-    bool hasOutline = false;
-    double low = 0.0;  ///< of the scene's box, along the axis
-    double high = 0.0;
+    hvscene::Box scene;                    ///< as the plane was last brought into it
     std::array<hvscene::Vec3, 4> outline;  ///< where the plane meets the scene's box
 
     /// Brings the plane into the box and takes the outline anew.
-    void update(const hvscene::Box& scene);
+    void update(const hvscene::Box& box);
     /// The position nearest to `wanted` that is in the box.
     double inScene(double wanted) const;
     /// Where the plane's knob is: the corner of the outline at the upper ends of the other two axes.

@@ -18,7 +18,7 @@ constexpr double frameReach = 5.0;
 C3DSlice* SliceHandles::shown(int axis) const
 {
     C3DSlice* slice = m_scene.get3DSliceView(static_cast<C3DScene::slice_view>(axis));
-    return slice && slice->isDisplayed() && slice->hostSide().hasOutline ? slice : nullptr;
+    return slice && slice->isDisplayed() && !slice->hostSide().scene.empty ? slice : nullptr;
 }
 
 bool SliceHandles::isInUse() const

@@ -14,6 +14,9 @@ namespace {
 
 constexpr double pi = 3.14159265358979323846;
 
+/// Lies around the lines, so that they stand out on bright matter.
+const QColor rim(13, 16, 21, 130);
+
 QColor faded(QColor colour, double alpha)
 {
     colour.setAlphaF(alpha);
@@ -82,7 +85,6 @@ void TransformTool::move(const ViewProjection& view, Pixel mouse)
     }
     m_last = mouse;
     m_changed = true;
-    m_scene.setSliceDirty(object(), C3DScene::ALL_VIEWS, true);
 }
 
 void TransformTool::release()
@@ -96,10 +98,7 @@ void TransformTool::release()
 
 void TransformTool::cancel()
 {
-    if (object() && m_changed) {
-        object()->setTransformation(toMatrix(m_start));
-        m_scene.setSliceDirty(object(), C3DScene::ALL_VIEWS, true);
-    }
+    if (object() && m_changed) object()->setTransformation(toMatrix(m_start));
     m_drag = {};
     m_changed = false;
 }
@@ -108,7 +107,7 @@ QColor TransformTool::colourOf(const TransformHandle& handle) const
 {
     const QColor colour = axisColour(handle.axis);
     if (isLit(handle)) return colour.lighter(122);
-    return isDragged() ? faded(colour, 0.28) : colour;
+    return isDragged() ? faded(colour, 0.4) : colour;
 }
 
 void TransformTool::paintRing(OverlayPainter& painter, const ViewProjection& view,
@@ -131,7 +130,8 @@ void TransformTool::paintRing(OverlayPainter& painter, const ViewProjection& vie
         part.push_back(view.toPixels(p));
         const bool now = handles.isInFront(p);
         if (now == front && k < steps) continue;
-        painter.curve(part, front ? width : 1.2, front ? colour : faded(colour, 0.22 * colour.alphaF()));
+        if (front) painter.curve(part, width + 2.4, faded(rim, rim.alphaF() * colour.alphaF()));
+        painter.curve(part, front ? width : 1.2, front ? colour : faded(colour, 0.3 * colour.alphaF()));
         part = {part.back()};
         front = now;
     }
@@ -148,8 +148,13 @@ void TransformTool::paintArrow(OverlayPainter& painter, const ViewProjection& vi
     const Pixel along = to - from;
     const double head = 15.0;
     const Pixel base = to - along * (head * painter.scale() / std::max(1.0, length(along)));
-    painter.line(from, base, isLit(handle) ? 3.2 : 2.0, colour);
-    painter.arrowHead(base, along, head, isLit(handle) ? 13.0 : 11.0, colour);
+    const double width = isLit(handle) ? 3.2 : 2.0;
+    const double headWidth = isLit(handle) ? 13.0 : 11.0;
+    const QColor shade = faded(rim, rim.alphaF() * colour.alphaF());
+    painter.line(from, base, width + 2.4, shade);
+    painter.arrowHead(base, along, head + 3.0, headWidth + 3.0, shade);
+    painter.line(from, base, width, colour);
+    painter.arrowHead(base, along, head, headWidth, colour);
 }
 
 void TransformTool::paintDrag(OverlayPainter& painter, const ViewProjection& view,

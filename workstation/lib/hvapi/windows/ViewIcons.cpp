@@ -38,6 +38,7 @@ void draw(QPainter& painter, ViewIcon icon, QColor const& line, QColor const& ac
         return;
     }
     if (icon == ViewIcon::Measure) {
+        painter.setPen(QPen(line, 1.1, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
         painter.translate(10, 10);
         painter.rotate(-45);
         painter.drawRoundedRect(QRectF(-9.5, -3.6, 19, 7.2), 1.2, 1.2);
@@ -54,14 +55,14 @@ void draw(QPainter& painter, ViewIcon icon, QColor const& line, QColor const& ac
                                    QPolygonF({{5.5, 5}, {14.5, 5}, {14.5, 15}, {5.5, 15}})};
         QColor const colour = accent == line ? line : hvscene::axisColour(axis);
         QColor thin = line;
-        thin.setAlphaF(0.55);
+        thin.setAlphaF(0.7);
         painter.setPen(QPen(thin, 1.0, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
         painter.drawPolygon(front);
         painter.drawPolygon(top);
         painter.drawPolygon(right);
         painter.setPen(QPen(colour, 1.4, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
         QColor fill = colour;
-        fill.setAlphaF(0.45);
+        fill.setAlphaF(0.6);
         painter.setBrush(fill);
         painter.drawPolygon(cuts[axis]);
         return;
