@@ -3,6 +3,7 @@
 #include "OpenSequences.h"
 #include "hvapi/scene/C3DSGManager.h"
 #include "hvapi/scene/C3DScene.h"
+#include "hvapi/scene/C3DSlice.h"
 #include "hvutils/CHVPreference.h"
 #include "hvutils/CHVPreferenceSignalHandler.h"
 #include "lib/hvapi/scene/C3DViewPrivate.h"
@@ -192,6 +193,77 @@ TEST_F(SequenceWindowTest, ButtonsToggleBoxAndAxes)
     EXPECT_EQ(window->getWindowControls()->m_3DControls.m_bShowAxes, !axes);
     click(window, "m_pShowAxes");
     EXPECT_EQ(view.isAxesShown(), axes);
+}
+
+TEST_F(SequenceWindowTest, TheMeasureButtonTellsWhoeverHasAToolFirst)
+{
+    auto* window = open(SequenceKind::Scene3D);
+    window->show();
+    C3DScene* scene = window->get3DScene();
+    QList<bool> flags;
+    bool measuredAlready = false;
+    QObject::connect(
+        window, &CHVSSequenceWindow::update3DToolButtonsStates, window, [&](S3DControls* controls) {
+            flags += controls->m_bMeasuring;
+            measuredAlready = measuredAlready || (controls->m_bMeasuring && scene->isMeasuring());
+        });
+    click(window, "m_pMeasure");
+    EXPECT_EQ(flags, QList<bool>({true}));
+    EXPECT_FALSE(measuredAlready);
+    EXPECT_TRUE(scene->isMeasuring());
+    EXPECT_TRUE(window->getWindowControls()->m_3DControls.m_bMeasuring);
+    click(window, "m_pMeasure");
+    EXPECT_EQ(flags, QList<bool>({true, false}));
+    EXPECT_FALSE(scene->isMeasuring());
+    EXPECT_FALSE(window->getWindowControls()->m_3DControls.m_bMeasuring);
+}
+
+TEST_F(SequenceWindowTest, MeasuringThatIsLeftElsewhereLeavesTheButton)
+{
+    auto* window = open(SequenceKind::Scene3D);
+    window->show();
+    C3DScene* scene = window->get3DScene();
+    QSignalSpy toolSignals(window, &CHVSSequenceWindow::update3DToolButtonsStates);
+    S3DControls controls = window->getWindowControls()->m_3DControls;
+    controls.m_bMeasuring = true;
+    window->apply3DControls(&controls);
+    EXPECT_TRUE(scene->isMeasuring());
+    EXPECT_TRUE(action(window, "m_pMeasure")->isChecked());
+    QTest::keyClick(scene, Qt::Key_Escape);
+    EXPECT_FALSE(scene->isMeasuring());
+    EXPECT_FALSE(action(window, "m_pMeasure")->isChecked());
+    EXPECT_FALSE(window->getWindowControls()->m_3DControls.m_bMeasuring);
+    scene->doMeasureVoxels(true);
+    EXPECT_TRUE(action(window, "m_pMeasure")->isChecked());
+    EXPECT_TRUE(window->getWindowControls()->m_3DControls.m_bMeasuring);
+    window->init3DMeasurementValues();
+    EXPECT_FALSE(scene->isMeasuring());
+    EXPECT_FALSE(action(window, "m_pMeasure")->isChecked());
+    EXPECT_EQ(toolSignals.size(), 0) << "nothing of it was the button";
+}
+
+TEST_F(SequenceWindowTest, ButtonsShowTheSlicesAndTheStateTellsWhich)
+{
+    auto* window = open(SequenceKind::Scene3D);
+    window->show();
+    C3DScene* scene = window->get3DScene();
+    QSignalSpy toolSignals(window, &CHVSSequenceWindow::update3DToolButtonsStates);
+    char const* const names[3] = {"m_pShowSliceX", "m_pShowSliceY", "m_pShowSliceZ"};
+    for (int axis = 0; axis < 3; ++axis) {
+        auto* slice = scene->get3DSliceView(static_cast<C3DScene::slice_view>(axis)).data();
+        EXPECT_FALSE(slice->isDisplayed());
+        click(window, names[axis]);
+        EXPECT_TRUE(slice->isDisplayed());
+        EXPECT_TRUE(window->getWindowControls()->m_3DControls.m_bShowSlice[axis]);
+    }
+    EXPECT_EQ(toolSignals.size(), 0) << "slices are no tool: a palette keeps its own";
+    S3DControls controls = window->getWindowControls()->m_3DControls;
+    controls.m_bShowSlice[1] = false;
+    window->apply3DControls(&controls);
+    EXPECT_TRUE(scene->getYZslice()->isDisplayed());
+    EXPECT_FALSE(scene->getXZslice()->isDisplayed());
+    EXPECT_FALSE(action(window, "m_pShowSliceY")->isChecked());
+    EXPECT_TRUE(action(window, "m_pShowSliceZ")->isChecked());
 }
 
 TEST_F(SequenceWindowTest, ButtonsTurnTheCamera)

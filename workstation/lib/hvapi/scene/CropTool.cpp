@@ -64,7 +64,8 @@ CropTool::Layout CropTool::layout(const ViewProjection& view) const
         if (dot(normal, outward) < 0.0) normal = normal * -1.0;
         const int n = numberOf(face);
         l.handles[n] = view.toPixels(middle);
-        l.towardsViewer[n] = dot(normal, view.towardsViewer()) > 1e-9 * length(normal);
+        // A face seen edge on bounds the outline: it counts as seen.
+        l.towardsViewer[n] = dot(normal, view.towardsViewer()) > -0.02 * length(normal);
     }
     return l;
 }
