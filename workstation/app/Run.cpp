@@ -9,6 +9,7 @@
 #include "PictureFile.h"
 #include "Snapshot.h"
 #include "StartUp.h"
+#include "lib/hvdicom/DicomLibrary.h"
 
 #include "hvutils/CHVSLog.h"
 
@@ -139,6 +140,7 @@ int runWorkstation(int argc, char** argv)
         return complain(ExitWriteFailed, QStringLiteral("the log '%1' can't be written").arg(line.logFile));
     HostServices::install(&services);
     StartUp::routeQtMessages();
+    hvdicom::startDicom();
     const int code = isSnapshot ? snapshot(services, line) : workstation(services, line);
     StartUp::stopRouting();
     HostServices::install(nullptr);

@@ -13,6 +13,7 @@
 #include <dcmtk/dcmdata/dcvrobow.h>
 #include <dcmtk/dcmjpeg/djencode.h>
 #include <dcmtk/dcmjpls/djencode.h>
+#include <dcmtk/oflog/oflog.h>
 
 #include <QDir>
 #include <QFile>
@@ -61,6 +62,7 @@ struct DicomBuilder::Settings
 namespace {
 
 constexpr char implicitLittleEndian[] = "1.2.840.10008.1.2";
+constexpr std::size_t smallestJpegLs = 256;
 
 // Encoders for the life of the program; the decoders are left to whoever is tested.
 void registerEncoders()
@@ -130,6 +132,24 @@ bool putBytes(DcmItem& item, DcmTag const& tag, QByteArray const& bytes)
     return put.good() && item.insert(element.release(), OFTrue).good();
 }
 
+// DCMTK warns of what is wanted here, and its messages are to be those of the tested program.
+class Quiet
+{
+public:
+    Quiet()
+        : m_former(root().getLogLevel())
+    {
+        root().setLogLevel(OFLogger::OFF_LOG_LEVEL);
+    }
+    ~Quiet() { root().setLogLevel(m_former); }
+    Quiet(Quiet const&) = delete;
+    Quiet& operator=(Quiet const&) = delete;
+
+private:
+    static dcmtk::log4cplus::Logger root() { return dcmtk::log4cplus::Logger::getRoot(); }
+    dcmtk::log4cplus::LogLevel m_former;
+};
+
 struct Stream
 {
     QByteArray bytes;
@@ -159,21 +179,24 @@ struct Stream
 }  // namespace
 
 QByteArray jpeg2000Frame(std::vector<std::int64_t> const& samples, unsigned columns, unsigned rows,
-                         unsigned bits, bool isSigned)
+                         unsigned bits, bool isSigned, unsigned components)
 {
     opj_cparameters_t parameters;
     opj_set_default_encoder_parameters(&parameters);
     parameters.numresolution = 1;
     for (unsigned side = std::min(columns, rows); side > 1 && parameters.numresolution < 6; side /= 2)
         ++parameters.numresolution;
+    parameters.tcp_mct = components == 3 ? 1 : 0;
     opj_image_cmptparm_t component = {};
     component.dx = component.dy = 1;
     component.w = columns;
     component.h = rows;
     component.prec = bits;
     component.sgnd = isSigned ? 1 : 0;
+    std::vector<opj_image_cmptparm_t> all(components, component);
     std::unique_ptr<opj_image_t, decltype(&opj_image_destroy)> const image(
-        opj_image_create(1, &component, OPJ_CLRSPC_GRAY), &opj_image_destroy);
+        opj_image_create(components, all.data(), components == 3 ? OPJ_CLRSPC_SRGB : OPJ_CLRSPC_GRAY),
+        &opj_image_destroy);
     std::unique_ptr<opj_codec_t, decltype(&opj_destroy_codec)> const codec(opj_create_compress(OPJ_CODEC_J2K),
                                                                            &opj_destroy_codec);
     std::unique_ptr<opj_stream_t, decltype(&opj_stream_destroy)> const stream(
@@ -182,7 +205,7 @@ QByteArray jpeg2000Frame(std::vector<std::int64_t> const& samples, unsigned colu
     image->x1 = columns;
     image->y1 = rows;
     for (std::size_t i = 0; i < samples.size(); ++i)
-        image->comps[0].data[i] = static_cast<OPJ_INT32>(samples[i]);
+        image->comps[i % components].data[i / components] = static_cast<OPJ_INT32>(samples[i]);
     Stream target;
     opj_stream_set_user_data(stream.get(), &target, nullptr);
     opj_stream_set_write_function(stream.get(), &Stream::write);
@@ -346,6 +369,7 @@ QByteArray DicomBuilder::bytes() const
 bool DicomBuilder::write(QString const& path) const
 {
     registerEncoders();
+    Quiet const quiet;
     DcmFileFormat file;
     DcmDataset& dataset = *file.getDataset();
     Settings const& s = *d;
@@ -361,6 +385,9 @@ bool DicomBuilder::write(QString const& path) const
 
     E_TransferSyntax const syntax = DcmXfer(s.syntax.constData()).getXfer();
     if (syntax == EXS_Unknown) return false;
+    // The encoder of DCMTK 3.6.7 writes past its buffer when a picture does not shrink.
+    bool const isJpegLs = syntax == EXS_JPEGLSLossless || syntax == EXS_JPEGLSLossy;
+    if (isJpegLs && s.sampleCount() / s.frames * s.allocated / 8 < smallestJpegLs) return false;
     bool const isJpeg2000 = syntax == EXS_JPEG2000 || syntax == EXS_JPEG2000LosslessOnly;
     if (s.pixels) {
         put({0x0028, 0x0002}, QByteArray::number(s.perPixel));
@@ -384,7 +411,7 @@ bool DicomBuilder::write(QString const& path) const
                 std::vector<std::int64_t> values(frame);
                 for (std::size_t i = 0; i < frame; ++i)
                     values[i] = s.sample(f * frame + i);
-                QByteArray code = jpeg2000Frame(values, s.columns, s.rows, s.stored, s.isSigned);
+                QByteArray code = jpeg2000Frame(values, s.columns, s.rows, s.stored, s.isSigned, s.perPixel);
                 good = !code.isEmpty() && good;
                 sequence->storeCompressedFrame(offsets, reinterpret_cast<Uint8*>(code.data()),
                                                static_cast<Uint32>(code.size()), 0);

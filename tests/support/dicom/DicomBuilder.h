@@ -37,6 +37,7 @@ public:
 
     // UID of the transfer syntax. Plain, deflated, RLE (1.2.840.10008.1.2.5), JPEG baseline, extended and
     // lossless (1.2.840.10008.1.2.4.50, .51, .57, .70), JPEG-LS (.80, .81), JPEG 2000 (.90, .91).
+    // JPEG-LS needs frames of at least 256 bytes, and of a picture that shrinks.
     DicomBuilder& transferSyntax(QByteArray uid);
     // Implementation Version Name in the file's own header.
     DicomBuilder& implementation(QByteArray versionName);
@@ -81,6 +82,7 @@ QStringList writeDicomSeries(QString const& folder, DicomBuilder builder, unsign
                              unsigned slices, std::array<double, 3> origin, std::array<double, 3> step,
                              std::function<std::int64_t(unsigned, unsigned, unsigned)> const& value);
 
-// JPEG 2000 code stream, lossless, of one frame of one component. Empty when it cannot be made.
+// JPEG 2000 code stream, lossless, of one frame of `components` (1 or 3) a pixel, the components of a pixel
+// together. Empty when it cannot be made.
 QByteArray jpeg2000Frame(std::vector<std::int64_t> const& samples, unsigned columns, unsigned rows,
-                         unsigned bits, bool isSigned);
+                         unsigned bits, bool isSigned, unsigned components = 1);

@@ -78,7 +78,7 @@ class DicomBuilderSyntax : public testing::TestWithParam<char const*>
 
 TEST_P(DicomBuilderSyntax, isTheOneInTheFile)
 {
-    Loaded file(DicomBuilder().size(16, 12, 2).bits(8, 8).transferSyntax(GetParam()));
+    Loaded file(DicomBuilder().size(16, 16, 2).bits(8, 8).transferSyntax(GetParam()));
     ASSERT_TRUE(file.written && file.loaded);
     EXPECT_STREQ(DcmXfer(file.data().getOriginalXfer()).getXferID(), GetParam());
     EXPECT_EQ(text(file.data(), DCM_NumberOfFrames), "2");
