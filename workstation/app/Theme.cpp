@@ -74,6 +74,7 @@ QString styleSheet()
         QMainWindow::separator:hover { background: %5; }
         QMainWindow > QToolBar { background: %1; border: none; border-bottom: 1px solid %3; padding: 3px; spacing: 3px; }
         PaletteDock QScrollArea QWidget { font-size: 8pt; }
+        PaletteDock QDialog QDialog, PaletteDock QDialog QDialog QWidget { font-size: 9pt; }
         QMainWindow > QDockWidget { color: %4; }
         QMainWindow > QDockWidget::title { background: %1; border-bottom: 1px solid %3; padding: 6px 8px; text-align: left; }
     )")
