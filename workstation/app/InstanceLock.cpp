@@ -69,8 +69,7 @@ bool InstanceLock::take(const QString& folder)
 QString InstanceLock::takeOwnFolder(const QString& parent)
 {
     removeAbandoned(parent);
-    const QString folder =
-        QStringLiteral("%1/snapshot-%2").arg(parent).arg(QCoreApplication::applicationPid());
+    QString folder = QStringLiteral("%1/snapshot-%2").arg(parent).arg(QCoreApplication::applicationPid());
     if (!take(folder)) return {};
     m_ownFolder = folder;
     return folder;
