@@ -288,12 +288,27 @@ TEST_F(TiffDamage, UnknownKindsOfSamplesAndPacking)
 
 TEST_F(TiffDamage, AFileOfHeadersOnly)
 {
-    for (char const* header : {"II*", "II*\0\0\0\0\0", "II*\0\x08\0\0\0", "MM\0*\xFF\xFF\xFF\xFF",
-                               "II+\0\x08\0\0\0", "II+\0\x10\0\0\0\x10\0\0\0\0\0\0\0", "IM*\0\x08\0\0\0"}) {
-        QByteArray const bytes(header, 16);
-        folder.write("bad.tif", bytes.left(header[3] == '\0' ? 8 : 3));
-        EXPECT_EQ(CILImage::canInitFromFile(folder.encoded("bad.tif").constData()), 0);
-        readAll(bytes.left(8));
+    for (char const* header : {
+             "",
+             "49",
+             "49492A",
+             "49492A0000000000",      // no directory
+             "49492A0008000000",      // one behind the end
+             "4D4D002AFFFFFFFF",      // one far behind it
+             "49492A00080000000000",  // one without entries
+             "49492A0008000000FFFF",  // one of 65535 entries
+             "49492B0008000000",      // half a large header
+             "49492B000800000010000000000000000000000000000000",
+             "49492B0004000000100000000000000001000000000000000001",  // large with offsets of another size
+             "494D2A0008000000",
+             "4D492A0008000000",
+             "49492C0008000000",
+             "50492A0008000000",
+         }) {
+        QByteArray const bytes = QByteArray::fromHex(header);
+        MemoryFile const file(bytes);
+        EXPECT_EQ(CILImage::canInitFromFile(file.path().constData()), 0) << header;
+        readAll(bytes);
     }
 }
 
