@@ -57,6 +57,13 @@ public:
     struct Private;
     Private& hostSide();
 
+    using QOpenGLWidget::update;
+
+public slots:
+    /// Asks for a frame of the scene, as the widget's own slot of that name does; this one can be told from a
+    /// change of what only lies over the scene, for which the scene is not drawn again.
+    void update();
+
 signals:
     /// The camera has moved: by the mouse, by a preset, or to fit a new scene.
     void cameraChanged();

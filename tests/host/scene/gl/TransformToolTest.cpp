@@ -187,6 +187,33 @@ TEST_F(TransformToolTest, TheHandleUnderTheMouseLightsUp)
     EXPECT_EQ(grab().pixelColor(224 + 50, 224), plain);
 }
 
+TEST_F(TransformToolTest, ALightOnAHandleDrawsTheSceneNoSecondTime)
+{
+    auto* box = new ColouredBox("box", 9.9, 9.9, 9.9);
+    manager.addChild(manager.getRootNode(), box);
+    scene.addToScene(box);
+    const QImage plain = grab();
+    const int frames = box->frames;
+    hover(224 + 50, 224);
+    const QImage lit = grab();
+    EXPECT_EQ(box->frames, frames);
+    EXPECT_NE(lit, plain);
+    EXPECT_EQ(grab(), lit);
+    EXPECT_EQ(box->frames, frames + 1) << "a frame that nobody asked for is a whole one";
+    // Somebody asks for a frame of the scene before and after the handle lights up.
+    hover(400, 400);
+    scene.update();
+    EXPECT_EQ(grab(), plain);
+    EXPECT_EQ(box->frames, frames + 2);
+    box->show(false);
+    hover(224 + 50, 224);
+    EXPECT_NE(grab().pixelColor(200, 260), QColor(0, 0, 240)) << "what was changed shows";
+    hover(400, 400);
+    EXPECT_FALSE(control.picture(QSize(100, 100)).isNull());
+    scene.resize(300, 448);
+    EXPECT_EQ(grab().width(), 300) << "a copy of another size is of no use";
+}
+
 TEST_F(TransformToolTest, HandlesLieOverTheScene)
 {
     auto* box = new ColouredBox("box", 9.9, 9.9, 9.9);

@@ -113,7 +113,7 @@ void C3DScene::SceneData::hover(const QPoint& position)
         changed = (free ? measure.hover(view, mouse) : measure.leave()) || changed;
     }
     showCursor();
-    if (changed) q.update();
+    if (changed) q.hostSide().updateOverlay();
 }
 
 void C3DScene::SceneData::endDrag(bool keep)
@@ -236,7 +236,7 @@ void C3DScene::mouseReleaseEvent(QMouseEvent* event)
     C3DView::mouseReleaseEvent(event);
     if (!clicked || !s->measuring) return;
     const auto distance = s->measure.click(hostSide().projection(), toPixel(event->pos()));
-    update();
+    hostSide().updateOverlay();
     if (distance) emit distanceMeasured(*distance);
 }
 
@@ -284,7 +284,7 @@ void C3DScene::leaveEvent(QEvent* event)
     if (ObjectTool* tool = s->currentTool()) changed = tool->leave() || changed;
     changed = s->measure.leave() || changed;
     s->showCursor();
-    if (changed) update();
+    if (changed) hostSide().updateOverlay();
     C3DView::leaveEvent(event);
 }
 

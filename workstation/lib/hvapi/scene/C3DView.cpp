@@ -64,6 +64,10 @@ C3DView::~C3DView()
     d->drag = Private::Drag::None;
     d->toolMoving = false;
     d->updateFastMode();
+    if (!d->sceneCopy.holdsTexture() || !isValid()) return;
+    makeCurrent();
+    d->sceneCopy.release();
+    doneCurrent();
 }
 
 void C3DView::setCurrentCameraTool(CameraTool tool)
@@ -121,11 +125,20 @@ C3DView::Private& C3DView::hostSide()
     return *d;
 }
 
+void C3DView::update()
+{
+    d->sceneAsked = true;
+    d->overlayOnly = false;
+    QOpenGLWidget::update();
+}
+
 void C3DView::initializeGL() {}
 
 void C3DView::paintGL()
 {
-    d->paint(d->framebufferPixels(), devicePixelRatioF());
+    d->paint(d->framebufferPixels(), devicePixelRatioF(),
+             d->overlayOnly ? Private::Frame::OverlayOnly : Private::Frame::Window);
+    d->overlayOnly = d->sceneAsked = false;
 }
 
 void C3DView::renderDecorations() {}
@@ -281,6 +294,12 @@ void C3DView::Private::setWatchMouse(bool watch)
 {
     watchMouse = watch;
     if (drag == Drag::None) q.setMouseTracking(watch);
+}
+
+void C3DView::Private::updateOverlay()
+{
+    if (!sceneAsked) overlayOnly = true;
+    q.QOpenGLWidget::update();
 }
 
 hvscene::ViewProjection C3DView::Private::projection() const

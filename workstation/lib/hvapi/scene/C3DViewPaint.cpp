@@ -11,7 +11,7 @@
 using hvscene::AttributeScope;
 using hvscene::MatrixScope;
 
-void C3DView::Private::paint(QSize pixels, double scale)
+void C3DView::Private::paint(QSize pixels, double scale, Frame frame)
 {
     if (painting) return;
     painting = true;
@@ -19,23 +19,34 @@ void C3DView::Private::paint(QSize pixels, double scale)
         const AttributeScope attributes;
         const MatrixScope matrices;
         hvscene::resetViewState(pixels.width(), pixels.height());
-        hvscene::drawBackground();
-        takeScene(false);
-        camera.setWindow(pixels.width(), pixels.height());
-        const hvscene::Camera::Frustum f = camera.frustum();
-        glMatrixMode(GL_PROJECTION);
-        glLoadIdentity();
-        glOrtho(f.left, f.right, f.bottom, f.top, f.near, f.far);
-        glMatrixMode(GL_MODELVIEW);
-        glLoadIdentity();
-        hvscene::setHeadLight();
-        glLoadMatrixd(camera.viewMatrix().data());
-        paintScene();
+        if (frame != Frame::OverlayOnly || !sceneCopy.draw(pixels)) {
+            hvscene::drawBackground();
+            takeScene(false);
+            camera.setWindow(pixels.width(), pixels.height());
+            setSceneMatrices();
+            paintScene();
+            if (frame != Frame::Picture) {
+                sceneCopy.forget();
+                if (watchMouse) sceneCopy.take(pixels);
+            }
+        }
         q.renderOverlay(pixels, scale);
         paintOverlay(pixels, scale);
         hvscene::makeOpaque();
     }
     painting = false;
+}
+
+void C3DView::Private::setSceneMatrices() const
+{
+    const hvscene::Camera::Frustum f = camera.frustum();
+    glMatrixMode(GL_PROJECTION);
+    glLoadIdentity();
+    glOrtho(f.left, f.right, f.bottom, f.top, f.near, f.far);
+    glMatrixMode(GL_MODELVIEW);
+    glLoadIdentity();
+    hvscene::setHeadLight();
+    glLoadMatrixd(camera.viewMatrix().data());
 }
 
 void C3DView::Private::paintScene()

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "hvapi/scene/C3DView.h"
+#include "lib/hvapi/scene/FrameCopy.h"
 #include "lib/hvapi/scene/OrientationAxes.h"
 #include "lib/hvapi/scene/logic/Camera.h"
 #include "lib/hvapi/scene/logic/ViewProjection.h"
@@ -18,9 +19,17 @@ struct C3DView::Private
     /// Hands a changed box to the camera. With `fitAnew` the picture is fitted to it even after zoom or pan.
     void takeScene(bool fitAnew);
 
+    enum class Frame
+    {
+        Window,       ///< all of it
+        OverlayOnly,  ///< only what lies over the scene has changed since the window's last frame
+        Picture       ///< all of it, for elsewhere
+    };
     /// Draws the frame into the bound framebuffer of `pixels`; `scale` is the number of pixels of a line of
     /// the decorations. Leaves the GL state as it was.
-    void paint(QSize pixels, double scale);
+    void paint(QSize pixels, double scale, Frame frame);
+    /// Asks for a frame in which only what lies over the scene has changed.
+    void updateOverlay();
     QSize framebufferPixels() const;
 
     // The mouse.
@@ -56,11 +65,15 @@ struct C3DView::Private
     QTimer wheelRest;  ///< runs while wheel steps follow one another
     bool fast = false;
     bool painting = false;
+    bool overlayOnly = false;  ///< all that was asked for since the last frame
+    bool sceneAsked = false;   ///< a frame of the scene was
+    hvscene::FrameCopy sceneCopy;
     bool showBoundingBox = true;
     bool showAxes = true;
     bool showScaleBar = true;
 
 private:
+    void setSceneMatrices() const;
     void paintScene();
     void paintOverlay(QSize pixels, double scale);
 };

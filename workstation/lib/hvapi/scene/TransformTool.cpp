@@ -24,8 +24,9 @@ QColor faded(QColor colour, double alpha)
 }
 
 /// Nodes of plug-ins have a signal of their own for a move that the user made; the contract knows it by name.
-void tellMoved(QPointer<C3DObject> object)
+void tellMoved(C3DObject* moved)
 {
+    const QPointer<C3DObject> object = moved;  // whoever hears of it may delete it
     if (object) object->setTransformationChanged(true, true);
     if (!object) return;
     const QMetaObject* meta = object->metaObject();

@@ -81,7 +81,7 @@ QImage ViewControl::picture(QSize pixels)
             const bool fast = HostServices::instance().fastRenderingMode();
             HostServices::instance().setFastRenderingMode(false);
             // The window's own shape comes back with its next frame.
-            m_view.hostSide().paint(pixels, m_view.devicePixelRatioF());
+            m_view.hostSide().paint(pixels, m_view.devicePixelRatioF(), C3DView::Private::Frame::Picture);
             HostServices::instance().setFastRenderingMode(fast);
             image = target.toImage().convertToFormat(QImage::Format_RGB32);
             target.release();
