@@ -45,13 +45,13 @@ VoxelField fieldOf(C3DVolumeData& volume, const Box& kept)
 
 }  // namespace
 
-std::optional<MeasureTool::Point> MeasureTool::pick(const ViewProjection& view, Pixel mouse) const
+MeasureTool::Point MeasureTool::pick(const ViewProjection& view, Pixel mouse) const
 {
     C3DSGManager* manager = m_scene.hostSide().manager;
-    if (!manager) return std::nullopt;
+    if (!manager) return {};
     const Ray ray = view.rayThrough(mouse);
     const sCropBoxOffset crop = m_scene.getCroppingBoxOffset();
-    std::optional<Point> nearest;
+    Point nearest;
     double best = std::numeric_limits<double>::infinity();
     const auto offer = [&](C3DVolumeData* volume, const Ray& own, double distance) {
         if (!(distance < best)) return;
@@ -80,19 +80,19 @@ std::optional<MeasureTool::Point> MeasureTool::pick(const ViewProjection& view, 
     return nearest;
 }
 
-std::optional<Vec3> MeasureTool::placeOf(const std::optional<Point>& point)
+std::optional<Vec3> MeasureTool::placeOf(const Point& point)
 {
-    if (!point || !point->object) return std::nullopt;
-    return transformedPoint(toMatrix16(point->object->getTransformation()), point->place);
+    if (!point.object) return std::nullopt;
+    return transformedPoint(toMatrix16(point.object->getTransformation()), point.place);
 }
 
 std::optional<double> MeasureTool::click(const ViewProjection& view, Pixel mouse)
 {
-    const auto point = pick(view, mouse);
-    if (!point) return std::nullopt;
-    if (!placeOf(m_first) || placeOf(m_second)) {
+    const Point point = pick(view, mouse);
+    if (!point.object) return std::nullopt;
+    if (!m_first.object || m_second.object) {
         m_first = point;
-        m_second.reset();
+        m_second = {};
     } else {
         m_second = point;
     }
@@ -101,29 +101,27 @@ std::optional<double> MeasureTool::click(const ViewProjection& view, Pixel mouse
 
 bool MeasureTool::hover(const ViewProjection& view, Pixel mouse)
 {
-    const bool before = m_hover.has_value();
+    const bool before = !m_hover.object.isNull();
     m_hover = pick(view, mouse);
-    return before || m_hover.has_value();
+    return before || m_hover.object;
 }
 
 bool MeasureTool::leave()
 {
-    const bool changed = m_hover.has_value();
-    m_hover.reset();
+    const bool changed = !m_hover.object.isNull();
+    m_hover = {};
     return changed;
 }
 
-bool MeasureTool::clear()
+void MeasureTool::clear()
 {
-    const bool changed = m_first.has_value();
-    m_first.reset();
-    m_second.reset();
-    return changed;
+    m_first = {};
+    m_second = {};
 }
 
 bool MeasureTool::isHalfDone() const
 {
-    return m_first && !m_second;
+    return m_first.object && !m_second.object;
 }
 
 std::optional<double> MeasureTool::distance() const

@@ -23,8 +23,8 @@ public:
     /// Shows where a click would take its point. True when the picture has to change.
     bool hover(const ViewProjection& view, Pixel mouse);
     bool leave();
-    /// Forgets the points; false when there were none.
-    bool clear();
+    /// Forgets the points.
+    void clear();
     /// A first point waits for its second.
     bool isHalfDone() const;
     /// Of the two points; nothing when there are not two.
@@ -32,19 +32,20 @@ public:
     void paint(OverlayPainter& painter, const ViewProjection& view) const;
 
 private:
+    /// None as long as it has no object, and again when that has gone.
     struct Point
     {
         QPointer<C3DObject> object;
         Vec3 place;  // in the object's own space
     };
-    std::optional<Point> pick(const ViewProjection& view, Pixel mouse) const;
-    /// In the scene; nothing when the point's object has gone.
-    static std::optional<Vec3> placeOf(const std::optional<Point>& point);
+    Point pick(const ViewProjection& view, Pixel mouse) const;
+    /// In the scene.
+    static std::optional<Vec3> placeOf(const Point& point);
 
     C3DScene& m_scene;
-    std::optional<Point> m_first;
-    std::optional<Point> m_second;
-    std::optional<Point> m_hover;
+    Point m_first;
+    Point m_second;
+    Point m_hover;
 };
 
 }  // namespace hvscene
