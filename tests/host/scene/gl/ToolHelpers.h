@@ -37,8 +37,14 @@ public:
         ++transformNotes;
         C3DVolumeData::setTransformationChanged(changed, notify);
     }
+    void renderNode(GLenum mode) override
+    {
+        prepared = true;
+        C3DVolumeData::renderNode(mode);
+    }
     void renderSlice(GLdouble* plane, GLuint id) override
     {
+        preparedForSlices = prepared;
         slices.emplace_back(plane, plane + 4);
         sliceId = id;
     }
@@ -49,6 +55,8 @@ public:
     int transformNotes = 0;
     std::vector<std::vector<double>> slices;
     GLuint sliceId = ~0U;
+    bool prepared = false;           ///< the scene has been at the node at all
+    bool preparedForSlices = false;  ///< it had when the last slice was drawn
 
 signals:
     void onSignalTransformationChanged(bool modified);

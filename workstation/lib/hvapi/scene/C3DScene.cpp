@@ -103,7 +103,10 @@ void C3DScene::renderDecorations()
         GLdouble plane[4] = {0.0, 0.0, 0.0, slice->getPosition()};
         plane[slice->getAxis()] = 1.0;
         for (C3DObject* object : manager->hostSide().renderables())
-            if (object->isDisplayed() && object->isValid()) object->renderSlice(plane, 0);
+            if (object->isDisplayed() && object->isValid()) {
+                object->renderNode(GL_SELECT);  // draws nothing, and makes what the slices need as well
+                object->renderSlice(plane, 0);
+            }
     }
     // A little nearer than the planes whose borders they are: about what a slanted plane gains across a line.
     glDepthRange(0.0, 0.996);
