@@ -249,3 +249,45 @@ TEST(CILImage, AreaAverageIsModeFour)
 {
     EXPECT_EQ(static_cast<int>(eResampleAreaAverage), 4);
 }
+
+TEST(CILImageTurns, MirrorSwapsLeftAndRight)
+{
+    CILImage image = imageOf<std::uint8_t>(eTypeUInt8, 3, 2, {1, 2, 3, 4, 5, 6});
+    image.Mirror();
+    EXPECT_EQ(samplesOf<std::uint8_t>(image), (Bytes{3, 2, 1, 6, 5, 4}));
+}
+
+TEST(CILImageTurns, FlipSwapsTopAndBottom)
+{
+    CILImage image = imageOf<std::uint16_t>(eTypeUInt16, 2, 3, {1, 2, 3, 4, 5, 6});
+    image.Flip();
+    EXPECT_EQ(samplesOf<std::uint16_t>(image), (Words{5, 6, 3, 4, 1, 2}));
+}
+
+TEST(CILImageTurns, EveryTypeAndBack)
+{
+    for (HVSDataTypes const type :
+         {eTypeUInt8, eTypeUInt16, eTypeUInt32, eTypeFloat, eTypeDouble, eTypeInt8, eTypeInt16}) {
+        CILImage image;
+        ASSERT_TRUE(image.InitWithType(type, 5, 4));
+        auto const bytes = static_cast<std::size_t>(20 * CILImageBase::get_reqsizefortype(type));
+        auto* const data = static_cast<std::uint8_t*>(image.get_data());
+        for (std::size_t i = 0; i < bytes; ++i)
+            data[i] = static_cast<std::uint8_t>(i);
+        Bytes const before(data, data + bytes);
+        image.Mirror();
+        EXPECT_NE(Bytes(data, data + bytes), before) << type;
+        image.Flip();
+        image.Mirror();
+        image.Flip();
+        EXPECT_EQ(Bytes(data, data + bytes), before) << type;
+    }
+}
+
+TEST(CILImageTurns, AnEmptyImageStaysEmpty)
+{
+    CILImage image;
+    image.Mirror();
+    image.Flip();
+    EXPECT_EQ(image.get_data(), nullptr);
+}

@@ -374,7 +374,9 @@ bool DicomBuilder::write(QString const& path) const
     DcmDataset& dataset = *file.getDataset();
     Settings const& s = *d;
     auto const put = [&dataset](Settings::Tag tag, QByteArray const& value) {
-        DcmTag const key(tag.first, tag.second);
+        DcmTag key(tag.first, tag.second);
+        // Signed or not: for the dictionary that depends on the pixels.
+        if (key.getEVR() == EVR_xs) key.setVR(DcmVR(value.startsWith('-') ? EVR_SS : EVR_US));
         return (value.isEmpty() ? dataset.insertEmptyElement(key)
                                 : dataset.putAndInsertString(key, value.constData()))
             .good();

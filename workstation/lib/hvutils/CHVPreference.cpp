@@ -4,7 +4,10 @@
 #include "hvutils/CHVSSettings.h"
 #include "lib/hvutils/HostServices.h"
 
+#include "hvutils/S3DViewSettings.h"
+
 #include <QDir>
+#include <QSettings>
 
 CHVPreferenceSignalHandler::CHVPreferenceSignalHandler(QObject* parent)
     : QObject(parent)
@@ -39,4 +42,16 @@ CHVPreferenceSignalHandler* CHVPreference::getSignalHandler()
 {
     static CHVPreferenceSignalHandler handler;
     return &handler;
+}
+
+void CHVPreference::get3DViewPreferences(S3DViewSettings& settings)
+{
+    const QSettings& stored = HostServices::instance().settings();
+    const S3DViewSettings standard;
+    settings.nFontPointSize =
+        stored.value(QStringLiteral("3DView/FontPointSize"), standard.nFontPointSize).toInt();
+    settings.strFontFamily =
+        stored.value(QStringLiteral("3DView/FontFamily"), standard.strFontFamily).toString();
+    settings.strTissueRange =
+        stored.value(QStringLiteral("3DView/TissueRange"), QStringLiteral("Tissue")).toString();
 }
