@@ -1,8 +1,11 @@
 #include "volume/logic/HistogramLimits.h"
 
+#include "volume/logic/SampleHistogram.h"
+
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <numeric>
 #include <vector>
 
 namespace {
@@ -90,6 +93,39 @@ TEST(HistogramLimits, RefusesWhatIsOutOfRange)
     EXPECT_EQ(low, 1U);
     EXPECT_EQ(high, 2U);
     EXPECT_EQ(refused(4, 49.0, 49.0, 99.0), 0);
+}
+
+TEST(UpperClip, TheHistogramDecidesWithoutACalibration)
+{
+    EXPECT_EQ(viz::upperClip(500, 0, 0, 4000), 500);
+    EXPECT_EQ(viz::upperClip(500, 900, 1, 4000), 500);
+    EXPECT_EQ(viz::upperClip(500, 0, 1000, 4000), 500);
+    EXPECT_EQ(viz::upperClip(65534, 0, 0, 4000), 65534);
+}
+
+TEST(UpperClip, DenserTissueRaisesTheLimitUpToTheHighestValue)
+{
+    EXPECT_EQ(viz::upperClip(500, 900, 2, 4000), 900);
+    EXPECT_EQ(viz::upperClip(500, 900, 2, 800), 800);
+    EXPECT_EQ(viz::upperClip(500, 500, 2, 4000), 500);
+    EXPECT_EQ(viz::upperClip(500, 300, 2, 4000), 500);
+}
+
+TEST(SampleHistogram, CountsSamplesOfBothWidths)
+{
+    viz::SampleHistogram histogram;
+    const std::vector<std::uint8_t> narrow{0, 255, 255};
+    const std::vector<std::uint16_t> wide{255, 255, 65535, 65535, 7};
+    histogram.add(narrow.data(), narrow.size());
+    histogram.add(wide.data(), wide.size());
+    histogram.add(wide.data(), 0);
+    const Bins bins = histogram.bins();
+    ASSERT_EQ(bins.size(), 65536U);
+    EXPECT_EQ(bins[0], 1U);
+    EXPECT_EQ(bins[7], 1U);
+    EXPECT_EQ(bins[255], 4U);
+    EXPECT_EQ(bins[65535], 2U);
+    EXPECT_EQ(std::accumulate(bins.begin(), bins.end(), 0U), 8U);
 }
 
 }  // namespace

@@ -54,6 +54,7 @@ enum class RangeFault
     NotMonochrome,
     TooShort,
     TooDeep,
+    NotDecoded,
     NoMemory
 };
 
@@ -78,17 +79,26 @@ RangeFault rangeOf(DcmFileFormat& file, unsigned long frames, bool makerData, vi
     }
     if (picture.depth() > 32) return RangeFault::TooDeep;
     CILImage image;
-    if (!picture.copyTo(image)) return RangeFault::NoMemory;
+    if (!picture.copyTo(image)) return RangeFault::NotDecoded;
     image.RefreshImageStats();
     range = viz::SourceRange::ofFrame(image.getMin(), image.getMax());
     return RangeFault::None;
 }
 
-const char* messageOf(RangeFault fault)
+const char* messageOf(RangeFault fault, DcmFileFormat& file)
 {
-    if (fault == RangeFault::NotMonochrome) return dicom_message::notMonochrome;
-    if (fault == RangeFault::NoMemory) return dicom_message::noFrameMemory;
-    return dicom_message::notCompatible;
+    switch (fault) {
+    case RangeFault::NotMonochrome:
+        return dicom_message::notMonochrome;
+    case RangeFault::NotDecoded:
+        if (!dicomSide(file, DCM_Columns)) return dicom_message::noColumns;
+        if (!dicomSide(file, DCM_Rows)) return dicom_message::noRows;
+        return dicom_message::noFrameMemory;
+    case RangeFault::NoMemory:
+        return dicom_message::noFrameMemory;
+    default:
+        return dicom_message::notCompatible;
+    }
 }
 
 }  // namespace
@@ -156,7 +166,7 @@ bool CVolumeDicom::takeReference(const QString& path, ImageDesc& image, bool alo
     // One file of many frames is left to its own path, which finds the range of all of them.
     const unsigned long frames = alone && dicomFrames(file) > 1 ? 1 : 0;
     const RangeFault fault = rangeOf(file, frames, m_makerData, scan.range);
-    if (fault != RangeFault::None) return fail(messageOf(fault));
+    if (fault != RangeFault::None) return fail(messageOf(fault, file));
 
     const DicomPixelSpacing spacing = dicomPixelSpacing(file);
     m_pixelSpacing[0] = spacing.rows;
@@ -221,7 +231,7 @@ bool CVolumeDicom::takeLater(ImageDesc& image, Scan& scan, bool& kept)
     const RangeFault fault = rangeOf(file, 0, m_makerData, range);
     kept = fault == RangeFault::None;
     if (fault == RangeFault::NotMonochrome || fault == RangeFault::TooShort) return true;
-    if (!kept) return fail(messageOf(fault));
+    if (!kept) return fail(messageOf(fault, file));
     scan.range.widen(range);
     return true;
 }
