@@ -12,6 +12,7 @@
 #include <random>
 
 #include <sys/mman.h>
+#include <sys/resource.h>
 #include <unistd.h>
 
 // Files that are damaged on purpose, and files damaged at random: each ends with samples or with a reason.
@@ -24,6 +25,7 @@ using viz_test::TiffKind;
 using Values = std::vector<std::uint32_t>;
 
 std::vector<std::string> told;
+std::vector<std::string> remarked;
 
 TiffKind kindOf(unsigned bits, int compression = COMPRESSION_NONE)
 {
@@ -124,8 +126,9 @@ protected:
     TiffDamage()
     {
         told.clear();
+        remarked.clear();
         setImageMessageSink([](ImageMessage kind, QString const& text) {
-            if (kind == ImageMessage::Warning) told.push_back(text.toStdString());
+            (kind == ImageMessage::Warning ? told : remarked).push_back(text.toStdString());
         });
     }
     ~TiffDamage() override { setImageMessageSink(nullptr); }
@@ -333,7 +336,46 @@ TEST_F(TiffDamage, ReasonsOfAFileOfManyBadPagesAreFew)
     EXPECT_GE(told.size(), 1U);
 }
 
+TEST_F(TiffDamage, WhatIsOnlyOddIsRemarkedOnceForAllFiles)
+{
+    QByteArray bytes = make(kindOf(16));
+    Directory const directory(bytes);
+    // the last entry becomes a tag that nobody knows
+    std::uint16_t const tag = 65123;
+    std::memcpy(bytes.data() + directory.entry(TIFFTAG_SAMPLEFORMAT), &tag, 2);
+    for (int i = 0; i < 5; ++i) {
+        QString const name = QStringLiteral("slice%1.tif").arg(i);
+        folder.write(name, bytes);
+        EXPECT_TRUE(image.LoadFromTIFFFile(folder.encoded(name).constData(), 0));
+    }
+    ASSERT_THAT(remarked, testing::SizeIs(1));
+    EXPECT_THAT(remarked[0], HasSubstr("slice0.tif: Unknown field with tag 65123"));
+    EXPECT_THAT(told, testing::IsEmpty());
+}
+
+TEST_F(TiffDamage, RemarksOnOneFileAreFew)
+{
+    QByteArray bytes = make(kindOf(16));
+    Directory const directory(bytes);
+    // every entry becomes a tag that nobody knows
+    for (std::uint32_t i = 0; i < directory.at16(directory.offset); ++i) {
+        auto const tag = static_cast<std::uint16_t>(65200 + i);
+        std::memcpy(bytes.data() + directory.offset + 2 + 12 * i, &tag, 2);
+    }
+    EXPECT_FALSE(load(bytes));
+    EXPECT_LE(remarked.size(), 4U);
+    EXPECT_EQ(told.size(), 1U);
+}
+
 // ---- damage at random ----
+
+// Most memory that this program has held, in megabytes.
+long peakMegabytes()
+{
+    rusage usage = {};
+    getrusage(RUSAGE_SELF, &usage);
+    return usage.ru_maxrss / 1024;
+}
 
 // Rounds for each kind of file: a few, unless VIZ_MUTATIONS says more.
 unsigned rounds()
@@ -416,6 +458,7 @@ TEST_F(TiffDamage, RandomDamageEndsWithSamplesOrNone)
     bases.push_back({kindOf(8, COMPRESSION_JPEG), "wl"});
 
     std::mt19937 random(20);
+    long const before = peakMegabytes();
     unsigned files = 0;
     double slowest = 0;
     for (Base const& base : bases) {
@@ -438,7 +481,11 @@ TEST_F(TiffDamage, RandomDamageEndsWithSamplesOrNone)
     }
     RecordProperty("files", static_cast<int>(files));
     EXPECT_LT(slowest, 20.0) << "seconds for one file";
-    std::printf("%u damaged files, the slowest took %.3f s\n", files, slowest);
+#ifndef __SANITIZE_ADDRESS__
+    EXPECT_LT(peakMegabytes() - before, 200);
+#endif
+    std::printf("%u damaged files, the slowest took %.3f s, %ld MB\n", files, slowest,
+                peakMegabytes() - before);
 }
 
 }  // namespace

@@ -205,6 +205,26 @@ TEST_F(Tiff, FaxPages)
     expectRoundTrip(kind, eTypeUInt8);
 }
 
+TEST_F(Tiff, GreyJpeg)
+{
+    if (!TIFFIsCODECConfigured(COMPRESSION_JPEG)) GTEST_SKIP() << "libtiff has no JPEG here";
+    TiffKind kind = kindOf(8, 48, 32);
+    kind.compression = COMPRESSION_JPEG;
+    kind.rowsPerStrip = 16;
+    viz_test::writeTiff(folder.path("j.tif"), kind, {Values(48 * 32, 77)});
+    ASSERT_TRUE(load("j.tif"));
+    EXPECT_EQ(image.get_datatype(), eTypeUInt8);
+    EXPECT_EQ(samples(), Values(48 * 32, 77)) << "one value survives the loss";
+}
+
+TEST_F(Tiff, Zstandard)
+{
+    if (!TIFFIsCODECConfigured(COMPRESSION_ZSTD)) GTEST_SKIP() << "libtiff has no Zstandard here";
+    TiffKind kind = kindOf(16);
+    kind.compression = COMPRESSION_ZSTD;
+    expectRoundTrip(kind, eTypeUInt16);
+}
+
 TEST_F(Tiff, PaletteIndicesAndWhiteAsZeroComeAsTheyStand)
 {
     TiffKind kind = kindOf(8);
@@ -451,6 +471,16 @@ TEST_F(Tiff, OtherKindsOfSamplesAreAcceptedAsTiffOnly)
     expectRefused("rgb.tif", "colour");
     EXPECT_TRUE(image.isRGBImageFormat());
     EXPECT_EQ(image.getImageCount(), 1);
+}
+
+TEST_F(Tiff, PackingsWithoutMeasureAreRefused)
+{
+    if (!TIFFIsCODECConfigured(COMPRESSION_LZMA)) GTEST_SKIP() << "libtiff has no LZMA here";
+    TiffKind kind = kindOf(8);
+    kind.compression = COMPRESSION_LZMA;
+    viz_test::writeTiff(folder.path("lzma.tif"), kind, {ramp(kind)});
+    EXPECT_TRUE(canInit("lzma.tif"));
+    expectRefused("lzma.tif", "packed by a method that is not read (34925)");
 }
 
 TEST_F(Tiff, ARefusedFileLeavesNothingOfTheFormerPicture)

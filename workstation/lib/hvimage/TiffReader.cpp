@@ -346,7 +346,8 @@ int TiffReader::onWarning(tiff*, void* reader, char const*, char const* format, 
     QString const text = textOf(format, arguments);
     {
         std::lock_guard<std::mutex> const lock(mutex);
-        if (told.size() >= mostKept || told.contains(text)) return 1;
+        if (told.contains(text)) return 1;
+        if (told.size() >= mostKept) told.clear();
         told.insert(text);
     }
     ++self->m_warnings;
