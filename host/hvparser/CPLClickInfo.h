@@ -12,6 +12,8 @@ class CPLSection;
 class HVPARSER_EXPORT CPLClickInfo
 {
 public:
+    struct Private;
+
     CPLClickInfo();
     virtual ~CPLClickInfo();
 
@@ -28,7 +30,6 @@ public:
     tag_estatus getValue(QString section, QString key, QString* value) const;
 
 protected:
-    class Private;
     std::unique_ptr<Private> d;
 
 private:

@@ -12,7 +12,12 @@
 class HVPARSER_EXPORT CPLSection
 {
 public:
+    struct Private;
+
+    // Without keys.
     explicit CPLSection(QString const& name);
+    // For the host.
+    explicit CPLSection(std::unique_ptr<Private> data);
     ~CPLSection();
 
     // Value of a key. Fails when the key is absent or its value is no number.
@@ -36,6 +41,5 @@ public:
 
 private:
     Q_DISABLE_COPY(CPLSection)
-    class Private;
     std::unique_ptr<Private> d;
 };

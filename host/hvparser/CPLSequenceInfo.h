@@ -12,6 +12,8 @@ class CPLSection;
 class HVPARSER_EXPORT CPLSequenceInfo
 {
 public:
+    struct Private;
+
     CPLSequenceInfo();
     ~CPLSequenceInfo();
 
@@ -23,11 +25,10 @@ public:
     // Folder of the file, with "/" at its end; empty when the sequence was never saved.
     QString getSequenceInfoPath() const;
 
-    // Writes the file. 0 on success.
+    // Writes the file, whole or not at all; its folder must exist. 0 on success, else the log has the reason.
     tag_estatus saveFile(QString path);
 
 private:
     Q_DISABLE_COPY(CPLSequenceInfo)
-    class Private;
     std::unique_ptr<Private> d;
 };

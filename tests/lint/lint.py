@@ -21,7 +21,7 @@ HERE = Path(__file__).resolve().parent
 ROOMS = ["volume", "render", "transfer", "slices", "browse", "process", "registration", "results", "plugin"]
 HOST_LIBRARIES = ["hvparser", "hvimage", "hvspinbox", "hvutils", "hvdicom", "hvapi", "HVReconSurfaceVolume"]
 # A library of the workstation may use the ones of an earlier group.
-LIBRARY_RANK = {"hvparser": 0, "hvimage": 0, "hvspinbox": 0, "hvutils": 1, "hvdicom": 2, "hvapi": 3,
+LIBRARY_RANK = {"hvimage": 0, "hvspinbox": 0, "hvutils": 1, "hvparser": 2, "hvdicom": 2, "hvapi": 3,
                 "HVReconSurfaceVolume": 4}
 SOURCE = "Plug-ins/VolumeVizPlugin/source/"
 INCLUDE_ROOTS = ["", "host/", "workstation/", SOURCE, "tests/", "tools/"]
