@@ -48,9 +48,15 @@ DicomPicture::State stateOf(DcmFileFormat& file, unsigned long frames)
 DicomPicture::DicomPicture(DcmFileFormat& file, unsigned long frames)
     : m_state(stateOf(file, frames))
 {
-    if (m_state == State::Good)
-        m_image = std::make_unique<DicomImage>(file.getDataset(), file.getDataset()->getOriginalXfer(),
-                                               acrNemaCompatible, 0, frames);
+    if (m_state != State::Good) return;
+    DcmDataset* data = file.getDataset();
+    const E_TransferSyntax syntax = data->getOriginalXfer();
+    // Some decoders leave the data set behind in a state in which it does not decode again.
+    if (DcmXfer(syntax).isEncapsulated()) {
+        m_compressed = std::make_unique<DcmDataset>(*data);
+        data = m_compressed.get();
+    }
+    m_image = std::make_unique<DicomImage>(data, syntax, acrNemaCompatible, 0, frames);
 }
 
 DicomPicture::~DicomPicture() = default;

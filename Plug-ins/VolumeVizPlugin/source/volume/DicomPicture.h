@@ -3,6 +3,7 @@
 #include <memory>
 
 class CILImage;
+class DcmDataset;
 class DcmFileFormat;
 class DicomImage;
 
@@ -34,5 +35,6 @@ public:
 
 private:
     State m_state;
+    std::unique_ptr<DcmDataset> m_compressed;  // a copy, for the image to change
     std::unique_ptr<DicomImage> m_image;
 };
