@@ -1,7 +1,11 @@
+#include "support/TiffDamage.h"
 #include "volume/support/ProgressWatcher.h"
 #include "volume/support/VolumeTiff.h"
 
 #include <gmock/gmock.h>
+
+#include <cstdlib>
+#include <random>
 
 namespace {
 
@@ -234,6 +238,34 @@ TEST_F(VolumeTiffFailure, ABlockBeyondMemoryIsRefused)
     EXPECT_THAT(host.failures(), ElementsAre(noMemory));
     EXPECT_FALSE(loadStack({"huge.tif", "missing.tif"}));
     EXPECT_THAT(host.failures(), ElementsAre(noMemory, noMemory));
+}
+
+TEST_F(VolumeTiffFailure, DamagedFilesLoadOrEndWithOneWord)
+{
+    // a few, unless VIZ_MUTATIONS says more
+    const char* const wanted = std::getenv("VIZ_MUTATIONS");
+    const unsigned rounds = wanted ? static_cast<unsigned>(std::strtoul(wanted, nullptr, 10)) : 25;
+    std::mt19937 random(20);
+    unsigned loaded = 0;
+    for (const int compression : {COMPRESSION_NONE, COMPRESSION_LZW}) {
+        TiffKind kind = kindOf(16);
+        kind.compression = compression;
+        viz_test::writeTiff(path("good.tif"), kind, {frameOf(0), frameOf(1), frameOf(2)}, "wl");
+        const QByteArray good = folder.contents("good.tif");
+        for (unsigned i = 0; i < rounds; ++i) {
+            QByteArray bytes = good;
+            viz_test::damageTiff(bytes, random);
+            folder.write("bad.tif", bytes);
+            for (const bool stack : {false, true}) {
+                host.entries.clear();
+                const bool success =
+                    stack ? loadStack({"good.tif", "bad.tif", "good.tif"}) : loadPages("bad.tif");
+                ASSERT_EQ(host.failures().size(), success ? 0U : 1U) << compression << ", round " << i;
+                loaded += success ? 1 : 0;
+            }
+        }
+    }
+    EXPECT_GT(loaded, rounds) << "most damage hits nothing that matters";
 }
 
 // ---- progress ----
