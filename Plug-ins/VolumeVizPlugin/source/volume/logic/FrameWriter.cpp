@@ -10,9 +10,10 @@ namespace viz {
 
 namespace {
 
-constexpr unsigned side = 16;                             // of a tile that is turned at once
-constexpr unsigned runLength = 64;                        // bytes of a cache line
-constexpr std::size_t mostBytes = std::size_t{16} << 20;  // that wait
+constexpr unsigned side = 16;       // of a tile that is turned at once
+constexpr unsigned runLength = 64;  // bytes of a cache line
+constexpr std::size_t page = 4096;
+constexpr std::size_t mostBytes = std::size_t{17} << 20;  // that wait
 
 #if defined(__GNUC__)
 using Lane = std::uint8_t __attribute__((vector_size(side)));
@@ -78,9 +79,12 @@ FrameWriter::FrameWriter(SliceAxis axis, const BlockCounts& stack, const VoxelMa
     , m_block(block)
 {
     if (axis != SliceAxis::Sagittal || framePixels() == 0) return;
-    const std::size_t fit = std::max<std::size_t>(mostBytes / framePixels(), 1);
+    // A cache line beyond whole pages: the same pixel of all waiting frames must not compete for one place in
+    // the cache.
+    m_stride = (framePixels() + page - 1) / page * page + runLength;
+    const std::size_t fit = std::max<std::size_t>(mostBytes / m_stride, 1);
     m_mostWaiting = static_cast<unsigned>(std::min<std::size_t>({fit, runLength, stack.frames}));
-    m_waiting.resize(m_mostWaiting * framePixels());
+    m_waiting.resize(m_mostWaiting * m_stride);
 }
 
 template <typename Sample>
@@ -97,7 +101,7 @@ void FrameWriter::add(const Sample* pixels)
 {
     if (m_next >= m_stack.frames || framePixels() == 0) return;
     if (m_axis == SliceAxis::Sagittal) {
-        map(pixels, framePixels(), m_waiting.data() + m_waitingFrames * framePixels());
+        map(pixels, framePixels(), m_waiting.data() + m_waitingFrames * m_stride);
         ++m_next;
         if (++m_waitingFrames == m_mostWaiting) finish();
         return;
@@ -127,7 +131,7 @@ void FrameWriter::finish()
     for (unsigned x = 0; x < m_stack.columns; x += runLength) {
         const unsigned columns = std::min(runLength, m_stack.columns - x);
         for (unsigned y = 0; y < m_stack.rows; ++y)
-            turnRow(m_waiting.data() + std::size_t{y} * m_stack.columns + x, framePixels(), columns,
+            turnRow(m_waiting.data() + std::size_t{y} * m_stack.columns + x, m_stride, columns,
                     m_waitingFrames, first + x * plane + y * row, plane);
     }
     m_waitingFrames = 0;

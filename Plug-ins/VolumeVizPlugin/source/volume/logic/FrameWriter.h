@@ -47,6 +47,7 @@ private:
     std::uint8_t* m_block;
     unsigned m_next = 0;                  // number of the next frame
     std::vector<std::uint8_t> m_waiting;  // sagittal frames, one after the other
+    std::size_t m_stride = 0;             // bytes from one of them to the next
     unsigned m_waitingFrames = 0;
     unsigned m_mostWaiting = 0;
 };
