@@ -24,6 +24,7 @@
 #include <cstdint>
 #include <cstdio>
 #include <ctime>
+#include <limits>
 #include <vector>
 
 #include <tiffio.h>
@@ -224,7 +225,7 @@ void reader(benchmark::State& state, const Files& (*files)())
     double loading = 0;
     double limits = 0;
     double decodes = 0;
-    double peak = 0;
+    double peak = std::numeric_limits<double>::lowest();
     for ([[maybe_unused]] auto _ : state) {
         limits += limitSeconds(files());
         decodes += decodeSeconds(files());
