@@ -1,6 +1,7 @@
 #include "DicomFile.h"
 
 #include "DicomLibrary.h"
+#include "DicomNesting.h"
 #include "DicomText.h"
 #include "hvimage/CILImage.h"
 
@@ -83,7 +84,8 @@ bool isDicomFile(char const* path)
         if (!file) return false;
         read = std::fread(start.data(), 1, start.size(), file.get());
     }
-    if (read == start.size() && std::equal(start.begin() + 128, start.end(), "DICM")) return true;
+    if (read == start.size() && std::equal(start.begin() + 128, start.end(), "DICM"))
+        return !isNestedTooDeep(path);
     if (read < 8 || !beginsWithAttribute(
                         {start[0], start[1], start[2], start[3], start[4], start[5], start[6], start[7]}))
         return false;
@@ -106,7 +108,7 @@ bool DicomFile::open(QByteArray const& path)
     m_pixelFault.clear();
     m_photometric = EPI_Unknown;
     m_fragmentOfFrame.clear();
-    if (!isReadableFile(path.constData())) return false;
+    if (!isReadableFile(path.constData()) || isNestedTooDeep(path.constData())) return false;
     try {
         auto file = std::make_unique<DcmFileFormat>();
         if (file->loadFile(OFFilename(path.constData()), EXS_Unknown, EGL_noChange, longestReadAtOnce,

@@ -1,17 +1,26 @@
 #include "DicomLibrary.h"
 
+#include "CheckedJpegCodec.h"
 #include "DcmtkLog.h"
-#include "Jpeg2000Codec.h"
+#include "FrameCodec.h"
 #include "hvutils/CHVSLog.h"
 
 #include <dcmtk/config/osconfig.h>
 
 #include <dcmtk/dcmdata/dcdict.h>
-#include <dcmtk/dcmdata/dcrledrg.h>
-#include <dcmtk/dcmjpeg/djdecode.h>
-#include <dcmtk/dcmjpls/djdecode.h>
+#include <dcmtk/dcmjpeg/djcparam.h>
+#include <dcmtk/dcmjpeg/djdecbas.h>
+#include <dcmtk/dcmjpeg/djdecext.h>
+#include <dcmtk/dcmjpeg/djdeclol.h>
+#include <dcmtk/dcmjpeg/djdecpro.h>
+#include <dcmtk/dcmjpeg/djdecsps.h>
+#include <dcmtk/dcmjpeg/djdecsv1.h>
+#include <dcmtk/dcmjpls/djcodecd.h>
+#include <dcmtk/dcmjpls/djcparam.h>
 
 #include <QString>
+#include <memory>
+#include <vector>
 
 namespace hvdicom {
 
@@ -23,9 +32,15 @@ public:
     Library()
     {
         routeDcmtkLog();
-        DJDecoderRegistration::registerCodecs();
-        DJLSDecoderRegistration::registerCodecs();
-        DcmRLEDecoderRegistration::registerCodecs();
+        addJpeg<DJDecoderBaseline>(m_jpegParameter);
+        addJpeg<DJDecoderExtended>(m_jpegParameter);
+        addJpeg<DJDecoderSpectralSelection>(m_jpegParameter);
+        addJpeg<DJDecoderProgressive>(m_jpegParameter);
+        addJpeg<DJDecoderLossless>(m_jpegParameter);
+        addJpeg<DJDecoderP14SV1>(m_jpegParameter);
+        addJpeg<DJLSLosslessDecoder>(m_jpegLsParameter);
+        addJpeg<DJLSNearLosslessDecoder>(m_jpegLsParameter);
+        m_rle.registerWithLibrary();
         m_jpeg2000.registerWithLibrary();
         if (!dcmDataDict.isDictionaryLoaded())
             getLogObject()->log(
@@ -38,9 +53,9 @@ public:
     ~Library()
     {
         m_jpeg2000.withdraw();
-        DcmRLEDecoderRegistration::cleanup();
-        DJLSDecoderRegistration::cleanup();
-        DJDecoderRegistration::cleanup();
+        m_rle.withdraw();
+        for (auto const& codec : m_jpeg)
+            codec->withdraw();
         endDcmtkLog();
     }
 
@@ -48,6 +63,17 @@ public:
     Library& operator=(Library const&) = delete;
 
 private:
+    template <class Decoder>
+    void addJpeg(DcmCodecParameter const& parameter)
+    {
+        m_jpeg.push_back(std::make_unique<CheckedJpegCodec>(std::make_unique<Decoder>(), &parameter));
+        m_jpeg.back()->registerWithLibrary();
+    }
+
+    DJCodecParameter m_jpegParameter{ECC_lossyYCbCr, EDC_photometricInterpretation, EUC_default, EPC_default};
+    DJLSCodecParameter m_jpegLsParameter;
+    std::vector<std::unique_ptr<CheckedJpegCodec>> m_jpeg;
+    RleCodec m_rle;
     Jpeg2000Codec m_jpeg2000;
 };
 

@@ -2,6 +2,7 @@
 
 #include "DicomFile.h"
 #include "DicomLibrary.h"
+#include "DicomNesting.h"
 #include "logic/SliceOrder.h"
 
 #include <dcmtk/dcmdata/dcdatset.h>
@@ -31,7 +32,8 @@ hvdicom::SlicePlace placeOf(QString const& path)
 {
     hvdicom::SlicePlace place;
     QByteArray const name = QFile::encodeName(path);
-    if (!hvdicom::isReadableFile(name.constData())) return place;
+    if (!hvdicom::isReadableFile(name.constData()) || hvdicom::isNestedTooDeep(name.constData()))
+        return place;
     try {
         DcmFileFormat file;
         if (file.loadFileUntilTag(OFFilename(name.constData()), EXS_Unknown, EGL_noChange, DCM_MaxReadLength,

@@ -272,3 +272,17 @@ TEST_F(CHVDcmImageTest, takesOrRefusesRealFiles)
         EXPECT_EQ(image.get_data(c.frames) != nullptr, c.accepted) << c.file;
     }
 }
+
+TEST_F(CHVDcmImageTest, refusesSequencesWithoutAnEnd)
+{
+    QByteArray bytes = DicomBuilder().bytes();
+    int const at = bytes.indexOf(QByteArray("\x10\0\x10\0PN", 6));
+    ASSERT_GT(at, 0);
+    QByteArray const open("\x08\0\x40\x11SQ\0\0\xFF\xFF\xFF\xFF\xFE\xFF\0\xE0\xFF\xFF\xFF\xFF", 20);
+    QString const file = writeBytes(bytes.insert(at, open.repeated(200000)));
+    EXPECT_FALSE(isDicom(file));
+    EXPECT_FALSE(CDicomReader::isDicom(viz_test::encoded(file)));
+    EXPECT_FALSE(image.LoadFromDICOMFile(file));
+    CDicomReader reader;
+    EXPECT_EQ(reader.initDicomImporter(file), eStatusUnsupportedFile);
+}

@@ -50,6 +50,18 @@ DicomBuilder picture(char const* syntax)
 class CompressedSeries : public viz_test::DicomFiles, public testing::WithParamInterface<char const*>
 {};
 
+// A file of 40 x 24 pixels whose JPEG stream begins with these bytes in place of its own.
+QByteArray jpegThatBegins(QByteArray const& bytes)
+{
+    QByteArray file = picture("1.2.840.10008.1.2.4.70").bytes();
+    int const start = file.indexOf("\xFF\xD8\xFF");
+    EXPECT_GT(start, 0);
+    return file.replace(start, bytes.size(), bytes);
+}
+
+class DamagedJpeg : public viz_test::DicomFiles
+{};
+
 class Jpeg2000Files : public viz_test::DicomFiles
 {
 protected:
@@ -94,6 +106,32 @@ INSTANTIATE_TEST_SUITE_P(all, CompressedSeries,
                                          "1.2.840.10008.1.2.4.70", "1.2.840.10008.1.2.4.80",
                                          "1.2.840.10008.1.2.4.81", "1.2.840.10008.1.2.4.90",
                                          "1.2.840.10008.1.2.4.91"));
+
+TEST_F(DamagedJpeg, isRefusedAndDoesNotHang)
+{
+    hvdicom::startDicom();
+    EXPECT_EQ(output(writeBytes(jpegThatBegins("\xFF\xD8"))).size(), 40U * 24U);
+    for (QByteArray const& bytes : {QByteArray("\xFF\xD8\xFF\x01"), QByteArray("\xFF\x01"),
+                                    QByteArray("\xFF\xD8\xFF\xFE\0\0", 6), QByteArray("\0\0\0\0", 4)}) {
+        QString const file = writeBytes(jpegThatBegins(bytes));
+        EXPECT_TRUE(output(file).empty()) << bytes.toHex().constData();
+        CDicomReader reader;
+        ASSERT_EQ(reader.initDicomImporter(file), eStatusSuccess);
+        ASSERT_EQ(reader.loadEntireDicomInfo(), eStatusSuccess);
+        CILImage image;
+        EXPECT_NE(reader.readPixelInfo(&image, 0), eStatusSuccess) << bytes.toHex().constData();
+    }
+}
+
+TEST_F(DamagedJpeg, isRefusedWhenItsSizeIsAnother)
+{
+    hvdicom::startDicom();
+    for (char const* const syntax : {"1.2.840.10008.1.2.4.70", "1.2.840.10008.1.2.4.80"}) {
+        EXPECT_TRUE(output(write(picture(syntax).set(0x0028, 0x0010, "25"))).empty()) << syntax;
+        EXPECT_TRUE(output(write(picture(syntax).set(0x0028, 0x0011, "39"))).empty()) << syntax;
+        EXPECT_EQ(output(write(picture(syntax))).size(), 40U * 24U) << syntax;
+    }
+}
 
 TEST_F(Jpeg2000Files, framesOfSeveralFragmentsAreJoined)
 {

@@ -4,15 +4,19 @@
 
 #include <dcmtk/dcmdata/dccodec.h>
 
+#include <memory>
+
 namespace hvdicom {
 
-// Decoder of JPEG 2000 pixels (transfer syntaxes 1.2.840.10008.1.2.4.90 and .91) for the DICOM library.
-// Frames of 8 or 16 bits a sample, with 1 or 3 samples a pixel. A frame whose code stream and attributes
-// disagree, or that declares more than its bytes can stand for, is refused before it is decoded. Encodes
-// nothing.
-class Jpeg2000Codec : public DcmCodec
+// One of the library's decoders of JPEG and JPEG-LS, behind a check of the streams: their headers must be
+// whole, with the size and the samples that the file declares. Without it the decoders of DCMTK 3.6.7 never
+// come back from some damaged streams. Encodes nothing.
+class CheckedJpegCodec : public DcmCodec
 {
 public:
+    // `parameter` is the decoder's own, and is not owned.
+    CheckedJpegCodec(std::unique_ptr<DcmCodec> decoder, DcmCodecParameter const* parameter);
+
     // The object must live until withdraw().
     void registerWithLibrary();
     void withdraw();
@@ -41,6 +45,10 @@ public:
                                                 DcmPixelSequence* fragments,
                                                 DcmCodecParameter const* parameter, DcmItem* dataset,
                                                 OFString& colorModel) const override;
+
+private:
+    std::unique_ptr<DcmCodec> m_decoder;
+    DcmCodecParameter const* m_parameter;
 };
 
 }  // namespace hvdicom

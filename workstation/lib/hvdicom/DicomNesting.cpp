@@ -1,0 +1,65 @@
+#include "DicomNesting.h"
+
+#include "logic/Nesting.h"
+
+#include <algorithm>
+#include <array>
+#include <cstring>
+#include <fcntl.h>
+#include <unistd.h>
+
+namespace hvdicom {
+
+namespace {
+
+constexpr unsigned deepest = 100;
+
+// A file through a window, so that its attributes are not read one by one.
+class Window
+{
+public:
+    explicit Window(char const* path)
+        : m_file(::open(path, O_RDONLY | O_CLOEXEC))
+    {}
+    ~Window()
+    {
+        if (m_file >= 0) ::close(m_file);
+    }
+    Window(Window const&) = delete;
+    Window& operator=(Window const&) = delete;
+
+    bool read(std::uint64_t offset, std::uint8_t* target, std::size_t count)
+    {
+        if (count > m_bytes.size()) return false;
+        if (offset < m_start || offset - m_start > m_filled || m_filled - (offset - m_start) < count) {
+            ssize_t const got =
+                m_file < 0 || offset > farthest
+                    ? -1
+                    : ::pread(m_file, m_bytes.data(), m_bytes.size(), static_cast<off_t>(offset));
+            m_start = offset;
+            m_filled = static_cast<std::size_t>(std::max<ssize_t>(got, 0));
+            if (m_filled < count) return false;
+        }
+        std::memcpy(target, m_bytes.data() + (offset - m_start), count);
+        return true;
+    }
+
+private:
+    static constexpr std::uint64_t farthest = std::uint64_t{1} << 62;
+    int m_file;
+    std::uint64_t m_start = 0;
+    std::size_t m_filled = 0;
+    std::array<std::uint8_t, 8192> m_bytes;
+};
+
+}  // namespace
+
+bool isNestedTooDeep(char const* path)
+{
+    Window window(path);
+    return nestingDepth([&window](std::uint64_t offset, std::uint8_t* target,
+                                  std::size_t count) { return window.read(offset, target, count); },
+                        deepest) >= deepest;
+}
+
+}  // namespace hvdicom

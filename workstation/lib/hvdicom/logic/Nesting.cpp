@@ -1,0 +1,186 @@
+#include "Nesting.h"
+
+#include <array>
+#include <string>
+#include <vector>
+
+namespace hvdicom {
+
+namespace {
+
+constexpr std::uint32_t undefined = 0xFFFFFFFFU;
+constexpr std::uint32_t pixelData = 0x7FE00010U;
+constexpr std::uint32_t item = 0xFFFEE000U;
+constexpr std::uint32_t itemEnd = 0xFFFEE00DU;
+constexpr std::uint32_t sequenceEnd = 0xFFFEE0DDU;
+constexpr std::uint32_t transferSyntax = 0x00020010U;
+
+struct Encoding
+{
+    bool isExplicit = true;
+    bool isLittleEndian = true;
+};
+
+struct Attribute
+{
+    std::uint32_t tag = 0;
+    std::string representation;  // empty where it is not written
+    std::uint32_t length = 0;
+    std::uint64_t value = 0;  // where it begins
+};
+
+class Walk
+{
+public:
+    Walk(ByteSource const& file, unsigned limit)
+        : m_file(file)
+        , m_limit(limit)
+    {}
+
+    unsigned depth()
+    {
+        std::uint64_t const start = dataSetStart();
+        if (start != nowhere) follow(start);
+        return m_deepest;
+    }
+
+private:
+    struct Level
+    {
+        std::uint64_t end;  // nowhere: told by a delimiter
+        bool isItem;
+        bool isPixels;
+        Encoding outside;  // encoding to go back to
+    };
+
+    static constexpr std::uint64_t nowhere = ~std::uint64_t{0};
+
+    std::uint32_t number(std::uint8_t const* at, unsigned bytes) const
+    {
+        std::uint32_t value = 0;
+        for (unsigned i = 0; i < bytes; ++i)
+            value = value << 8 | at[m_encoding.isLittleEndian ? bytes - 1 - i : i];
+        return value;
+    }
+
+    bool read(std::uint64_t at, Attribute& attribute) const
+    {
+        std::array<std::uint8_t, 12> b = {};
+        if (!m_file(at, b.data(), 8)) return false;
+        attribute.tag = number(b.data(), 2) << 16 | number(b.data() + 2, 2);
+        attribute.representation.clear();
+        attribute.value = at + 8;
+        if (!m_encoding.isExplicit || attribute.tag >> 16 == 0xFFFE) {
+            attribute.length = number(b.data() + 4, 4);
+            return true;
+        }
+        for (unsigned i = 4; i < 6; ++i) {
+            if (b[i] < 'A' || b[i] > 'Z') return false;
+            attribute.representation += static_cast<char>(b[i]);
+        }
+        static constexpr char const* longOnes[] = {"OB", "OW", "OF", "OD", "OL", "OV", "SQ",
+                                                   "UC", "UR", "UT", "UN", "SV", "UV"};
+        for (char const* const longOne : longOnes)
+            if (attribute.representation == longOne) {
+                if (!m_file(at + 8, b.data() + 8, 4)) return false;
+                attribute.length = number(b.data() + 8, 4);
+                attribute.value = at + 12;
+                return true;
+            }
+        attribute.length = number(b.data() + 6, 2);
+        return true;
+    }
+
+    // Behind the file's own header, whose transfer syntax becomes the encoding.
+    std::uint64_t dataSetStart()
+    {
+        std::array<std::uint8_t, 132> b = {};
+        bool const hasHeader =
+            m_file(0, b.data(), b.size()) && std::string(b.begin() + 128, b.end()) == "DICM";
+        std::uint64_t at = hasHeader ? 132 : 0;
+        std::string syntax;
+        Attribute attribute;
+        while (read(at, attribute) && attribute.tag >> 16 == 2 && attribute.length != undefined) {
+            if (attribute.tag == transferSyntax && attribute.length <= 64) {
+                syntax.resize(attribute.length);
+                if (!m_file(attribute.value, reinterpret_cast<std::uint8_t*>(syntax.data()), syntax.size()))
+                    return nowhere;
+                syntax.erase(syntax.find_last_not_of(std::string("\0 ", 2)) + 1);
+            }
+            at = attribute.value + attribute.length;
+        }
+        if (syntax == "1.2.840.10008.1.2.1.99") return nowhere;
+        // Files lie about their syntax: what the first attribute looks like counts.
+        if (!m_file(at, b.data(), 8)) return nowhere;
+        m_encoding.isLittleEndian = !(b[0] == 0 && b[1] != 0);
+        m_encoding.isExplicit = b[4] >= 'A' && b[4] <= 'Z' && b[5] >= 'A' && b[5] <= 'Z';
+        return at;
+    }
+
+    void leave()
+    {
+        m_encoding = m_levels.back().outside;
+        if (m_levels.back().isItem) --m_depth;
+        m_levels.pop_back();
+    }
+
+    void enter(std::uint64_t at, std::uint32_t length, bool isItem, bool isPixels, Encoding outside)
+    {
+        m_levels.push_back({length == undefined ? nowhere : at + length, isItem, isPixels, outside});
+        if (isItem && ++m_depth > m_deepest) m_deepest = m_depth;
+    }
+
+    // Whether an attribute of a length begins with an item. Without a written representation only that tells.
+    bool beginsWithItem(Attribute const& attribute) const
+    {
+        std::array<std::uint8_t, 4> b = {};
+        return attribute.length >= 8 && m_file(attribute.value, b.data(), 4) &&
+               (number(b.data(), 2) << 16 | number(b.data() + 2, 2)) == item;
+    }
+
+    void follow(std::uint64_t at)
+    {
+        Attribute attribute;
+        while (m_deepest < m_limit) {
+            while (!m_levels.empty() && at >= m_levels.back().end)
+                leave();
+            if (!read(at, attribute)) return;
+            std::uint64_t const next = attribute.value + attribute.length;
+            if (attribute.tag == item) {
+                bool const isFragment = !m_levels.empty() && m_levels.back().isPixels;
+                if (!isFragment) enter(attribute.value, attribute.length, true, false, m_encoding);
+                at = isFragment && attribute.length != undefined ? next : attribute.value;
+            } else if (attribute.tag == itemEnd || attribute.tag == sequenceEnd) {
+                if (!m_levels.empty() && m_levels.back().isItem == (attribute.tag == itemEnd)) leave();
+                at = attribute.value;
+            } else if (attribute.tag == pixelData && m_levels.empty()) {
+                return;
+            } else if (attribute.length == undefined || attribute.representation == "SQ" ||
+                       (attribute.representation != "OB" && attribute.representation != "OW" &&
+                        beginsWithItem(attribute))) {
+                Encoding const outside = m_encoding;
+                if (attribute.representation == "UN") m_encoding = {false, true};
+                enter(attribute.value, attribute.length, false, attribute.tag == pixelData, outside);
+                at = attribute.value;
+            } else {
+                at = next;
+            }
+        }
+    }
+
+    ByteSource const& m_file;
+    unsigned const m_limit;
+    Encoding m_encoding;
+    std::vector<Level> m_levels;
+    unsigned m_depth = 0;
+    unsigned m_deepest = 0;
+};
+
+}  // namespace
+
+unsigned nestingDepth(ByteSource const& file, unsigned limit)
+{
+    return Walk(file, limit).depth();
+}
+
+}  // namespace hvdicom
