@@ -31,6 +31,34 @@ TEST(CommandLine, takesEveryOptionInBothSpellings)
     EXPECT_EQ(r.seed, 9U);
 }
 
+TEST(CommandLine, knowsEveryFormatAndOrientation)
+{
+    const std::pair<std::string, Format> formats[] = {
+        {"raw", Format::Raw},
+        {"dicom", Format::Dicom},
+        {"dicom-multiframe", Format::DicomMultiFrame},
+        {"dicom-native", Format::DicomNative},
+        {"dicom-native-multiframe", Format::DicomNativeMultiFrame},
+        {"tiff", Format::Tiff},
+        {"tiff-multipage", Format::TiffMultiPage},
+    };
+    for (const auto& [word, format] : formats) {
+        const Request r = parseCommandLine({"--format", word, "a"});
+        EXPECT_EQ(r.error, "");
+        EXPECT_EQ(r.format, format);
+        EXPECT_EQ(r.bits, format == Format::Raw ? 8 : 16);
+        EXPECT_EQ(r.orientation, Orientation::Axial);
+        EXPECT_FALSE(r.feetFirst);
+        EXPECT_THAT(helpText(), HasSubstr(word));
+    }
+    const Request r = parseCommandLine({"--feet-first", "--orientation=sagittal", "--format=dicom", "a"});
+    EXPECT_EQ(r.error, "");
+    EXPECT_EQ(r.orientation, Orientation::Sagittal);
+    EXPECT_TRUE(r.feetFirst);
+    EXPECT_EQ(parseCommandLine({"--orientation=coronal", "--format=dicom-multiframe", "a"}).orientation,
+              Orientation::Coronal);
+}
+
 TEST(CommandLine, limitsAreIncluded)
 {
     EXPECT_EQ(parseCommandLine({"--size=16", "a"}).error, "");
@@ -69,7 +97,13 @@ INSTANTIATE_TEST_SUITE_P(
         WrongCall{{"--spacing=0", "a"}, "--spacing wants"},
         WrongCall{{"--spacing=nan", "a"}, "--spacing wants"},
         WrongCall{{"--spacing=inf", "a"}, "--spacing wants"},
-        WrongCall{{"--spacing=", "a"}, "--spacing wants"}, WrongCall{{"--seed=-1", "a"}, "--seed wants"}));
+        WrongCall{{"--spacing=", "a"}, "--spacing wants"}, WrongCall{{"--seed=-1", "a"}, "--seed wants"},
+        WrongCall{{"--format=png", "a"}, "--format wants raw, dicom"},
+        WrongCall{{"--orientation=oblique", "--format=dicom", "a"}, "--orientation wants axial"},
+        WrongCall{{"--orientation=coronal", "a"}, "need a DICOM format"},
+        WrongCall{{"--feet-first", "--format=tiff", "a"}, "need a DICOM format"},
+        WrongCall{{"--orientation=sagittal", "--format=dicom-native", "a"}, "native DICOM files are axial"},
+        WrongCall{{"--feet-first=1", "--format=dicom", "a"}, "unknown option"}));
 
 TEST(CommandLine, helpGoesToTheOutputWithStatus0)
 {

@@ -1,74 +1,11 @@
 #include "phantom/RawFile.h"
 
+#include "phantom/PartFile.h"
+#include "phantom/Text.h"
+
 #include <algorithm>
-#include <cerrno>
-#include <charconv>
-#include <cstdio>
-#include <filesystem>
-#include <random>
-#include <system_error>
 
 namespace phantom {
-namespace {
-
-/// The shortest decimal text of a number, with a point whatever the locale says.
-std::string plain(double number)
-{
-    char text[400];
-    return {text, std::to_chars(text, text + sizeof text, number, std::chars_format::fixed).ptr};
-}
-
-/// A file beside the wanted one, which takes its place when all is written and disappears otherwise.
-class PartFile
-{
-public:
-    explicit PartFile(const std::string& wanted)
-        : m_wanted(wanted)
-        , m_path(wanted + ".part-" + std::to_string(std::random_device()()))
-        , m_file(std::fopen(m_path.c_str(), "wbx"))
-    {
-        m_left = m_file != nullptr;
-        if (!m_file) fail();
-    }
-    ~PartFile()
-    {
-        if (m_file) std::fclose(m_file);
-        std::error_code ignored;
-        if (m_left) std::filesystem::remove(m_path, ignored);
-    }
-    PartFile(const PartFile&) = delete;
-    PartFile& operator=(const PartFile&) = delete;
-
-    /// Empty, or what went wrong first.
-    const std::string& error() const { return m_error; }
-
-    void write(const void* data, std::size_t bytes)
-    {
-        if (m_error.empty() && std::fwrite(data, 1, bytes, m_file) != bytes) fail();
-    }
-    void finish()
-    {
-        if (!m_error.empty()) return;
-        const bool closed = std::fclose(m_file) == 0;
-        m_file = nullptr;
-        if (!closed) return fail();
-        std::error_code code;
-        std::filesystem::rename(m_path, m_wanted, code);
-        if (code)
-            m_error = "cannot write \"" + m_wanted + "\": " + code.message();
-        else
-            m_left = false;
-    }
-
-private:
-    void fail() { m_error = "cannot write \"" + m_wanted + "\": " + std::generic_category().message(errno); }
-
-    std::string m_wanted, m_path, m_error;
-    std::FILE* m_file;
-    bool m_left;  ///< whether a part file lies on the disk
-};
-
-}  // namespace
 
 std::string rawHeader(int size, int bits, double spacing)
 {

@@ -1,0 +1,21 @@
+#pragma once
+
+#include "phantom/Slices.h"
+
+#include <string>
+
+namespace phantom {
+
+// TIFF files, uncompressed, little endian, one strip a picture. The resolutions hold the edge of a voxel in
+// mm as a plain number, with no unit: readers that take them for spacings show the mouse in its size.
+
+/// Bytes of a file of slice i alone.
+std::string tiffSlice(const Slices& slices, int i, double spacing);
+
+/// Writes a folder of one file a slice, "slice-0001.tif" and so on; like writeDicomSeries() on failure.
+std::string writeTiffStack(const std::string& folder, const Slices& slices, double spacing);
+
+/// Writes one file of a page for each slice; like writeRawFile() on failure.
+std::string writeTiffPages(const std::string& path, const Slices& slices, double spacing);
+
+}  // namespace phantom
