@@ -4,6 +4,7 @@
 #include "LogDock.h"
 #include "LongProcessDialog.h"
 #include "PaletteDock.h"
+#include "PathList.h"
 #include "Workspace.h"
 
 #include "hvapi/plugin/CHVToolPalettePluginBase.h"
@@ -20,7 +21,6 @@
 #include "lib/hvapi/windows/WindowRegistry.h"
 
 #include <QCloseEvent>
-#include <QFileInfo>
 #include <QGuiApplication>
 #include <QLabel>
 #include <QMenu>
@@ -195,9 +195,7 @@ MainWindow::OpenResult MainWindow::openVolume(const QStringList& files)
         logText(QStringLiteral("There is no plug-in that loads volumes."), CHVSLog::eError);
         return OpenResult::NoReader;
     }
-    QStringList absolute;
-    for (const QString& file : files)
-        absolute << QFileInfo(file).absoluteFilePath();
+    const QStringList absolute = filesMeantBy(files);
     if (absolute.isEmpty() || (!m_pWorkspace->activeSequence() && !newScene())) return OpenResult::Failed;
 
     // A load clears the sequence's files and names them anew when it ends well; one that is refused at once

@@ -43,8 +43,8 @@ public:
     /// Makes a sequence that holds only a 3D scene, called "3D Scene" and a number.
     CHVSSequenceDataset* newScene();
 
-    /// Loads the files, which make one volume, into the active sequence, or into a new 3D scene when none is
-    /// active. Paths may be relative to the current folder.
+    /// Loads the files, which make one volume, and those of folders (filesMeantBy()), into the active
+    /// sequence, or into a new 3D scene when none is active. Paths may be relative to the current folder.
     OpenResult openVolume(const QStringList& files);
 
     /// Sequences closed, plug-ins ended: nothing of them is left when this returns true. False when that is
