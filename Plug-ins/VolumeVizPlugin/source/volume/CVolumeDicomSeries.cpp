@@ -31,6 +31,7 @@ struct CVolumeDicom::Scan
     bool synthetic = false;  // positions are made up from the spacing
     viz::SlicePoint first{};
     viz::SourceRange range;
+    CILImage image;  // for all files: its memory is used again
 };
 
 namespace {
@@ -59,7 +60,9 @@ enum class RangeFault
 };
 
 // @param frames  frames to decode; 0 for all
-RangeFault rangeOf(DcmFileFormat& file, unsigned long frames, bool makerData, viz::SourceRange& range)
+// @param image   room for the decoded samples
+RangeFault rangeOf(DcmFileFormat& file, unsigned long frames, bool makerData, CILImage& image,
+                   viz::SourceRange& range)
 {
     if (const auto told = dicomPixelRange(file)) {
         range = {told->smallest, told->largest};
@@ -78,7 +81,6 @@ RangeFault rangeOf(DcmFileFormat& file, unsigned long frames, bool makerData, vi
         return RangeFault::None;
     }
     if (picture.depth() > 32) return RangeFault::TooDeep;
-    CILImage image;
     if (!picture.copyTo(image)) return RangeFault::NotDecoded;
     image.RefreshImageStats();
     range = viz::SourceRange::ofFrame(image.getMin(), image.getMax());
@@ -165,7 +167,7 @@ bool CVolumeDicom::takeReference(const QString& path, ImageDesc& image, bool alo
     DcmFileFormat& file = *image.m_file;
     // One file of many frames is left to its own path, which finds the range of all of them.
     const unsigned long frames = alone && dicomFrames(file) > 1 ? 1 : 0;
-    const RangeFault fault = rangeOf(file, frames, m_makerData, scan.range);
+    const RangeFault fault = rangeOf(file, frames, m_makerData, scan.image, scan.range);
     if (fault != RangeFault::None) return fail(messageOf(fault, file));
 
     const DicomPixelSpacing spacing = dicomPixelSpacing(file);
@@ -228,7 +230,7 @@ bool CVolumeDicom::takeLater(ImageDesc& image, Scan& scan, bool& kept)
     if (!kept) return true;
 
     viz::SourceRange range;
-    const RangeFault fault = rangeOf(file, 0, m_makerData, range);
+    const RangeFault fault = rangeOf(file, 0, m_makerData, scan.image, range);
     kept = fault == RangeFault::None;
     if (fault == RangeFault::NotMonochrome || fault == RangeFault::TooShort) return true;
     if (!kept) return fail(messageOf(fault, file));
