@@ -20,10 +20,8 @@ struct MeasureTest : ToolTest
     void loadStep(unsigned char value)
     {
         std::vector<unsigned char> voxels(1000, 0);
-        for (int z = 0; z < 10; ++z)
-            for (int y = 0; y < 10; ++y)
-                for (int x = 0; x < 10; ++x)
-                    if (x < 5 || z == 0) voxels[static_cast<std::size_t>((z * 10 + y) * 10 + x)] = value;
+        for (std::size_t k = 0; k < voxels.size(); ++k)
+            if (k % 10 < 5 || k < 100) voxels[k] = value;
         float extent[3] = {20.0f, 20.0f, 20.0f};
         ASSERT_TRUE(volume->loadVolume(voxels.data(), 10, 10, 10, 255, 0, extent));
     }
@@ -226,6 +224,23 @@ TEST_F(MeasureTest, MeasuringAndToolsExcludeOneAnother)
     EXPECT_EQ(changed.size(), 0);
 }
 
+TEST_F(MeasureTest, APlacementThatIsNoneIsSurvived)
+{
+    click(124, 224);
+    click(324, 224);
+    matrix none;
+    none(0, 3) = std::nan("");
+    volume->setTransformation(none);
+    EXPECT_FALSE(grab().isNull());
+    click(124, 224);
+    scene.showTransformTool(true, "GLVolume");
+    hover(224, 224);
+    EXPECT_FALSE(grab().isNull());
+    scene.showCroppingTool(true, "GLVolume");
+    drag({224, 224}, {230, 240});
+    EXPECT_FALSE(grab().isNull());
+}
+
 TEST_F(MeasureTest, AVolumeThatGoesTakesItsPointsAlong)
 {
     click(124, 224);
@@ -248,7 +263,9 @@ TEST_F(ToolTest, HounsfieldUnitsNeedTheCalibrationOfTheSystem)
     EXPECT_EQ(a, 0);
     EXPECT_EQ(b, 0);
     // Ten thousand stored values a unit; air at 0.01, water at 1.01.
-    manager.hostSide().calibration = hvscene::CtCalibration{0.0, 6.5535, 0.01, 1.01};
+    manager.hostSide().calibration = [] {
+        return std::make_optional(hvscene::CtCalibration{0.0, 6.5535, 0.01, 1.01});
+    };
     scene.CTHUValueReverseToVoxelsConverter(3001, &value, &stored, &a, &b);
     EXPECT_NEAR(value, 40110.0f, 0.01f);
     EXPECT_EQ(stored, 40110);

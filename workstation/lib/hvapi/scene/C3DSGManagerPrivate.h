@@ -7,6 +7,7 @@
 #include "lib/hvapi/scene/logic/Vec3.h"
 
 #include <QPointer>
+#include <functional>
 #include <optional>
 #include <vector>
 
@@ -35,8 +36,9 @@ struct C3DSGManager::Private
     QPointer<C3DSGNode> root;
     QString transformObject;
     sCropBoxOffset cropOffsets;
-    /// Of the system that took the sequence, if its description has one.
-    std::optional<hvscene::CtCalibration> calibration;
+    /// Asks for the calibration of the system that took the sequence, if its description has one. Set by the
+    /// owner of the graph.
+    std::function<std::optional<hvscene::CtCalibration>()> calibration;
     std::vector<C3DView*> views;
 
 private:

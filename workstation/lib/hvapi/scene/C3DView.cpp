@@ -111,7 +111,8 @@ void C3DView::setCroppingBBox(Vec3f* const corners)
 void C3DView::CTHUValueReverseToVoxelsConverter(int hounsfield, float* value, int* voxel, int* calibrationA,
                                                 int* calibrationB)
 {
-    const auto calibration = d->manager ? d->manager->hostSide().calibration : std::nullopt;
+    const bool known = d->manager && d->manager->hostSide().calibration;
+    const auto calibration = known ? d->manager->hostSide().calibration() : std::nullopt;
     const auto stored = calibration ? hvscene::storedHounsfield(hounsfield, *calibration) : std::nullopt;
     const hvscene::StoredHounsfield out = stored.value_or(hvscene::StoredHounsfield());
     if (value) *value = static_cast<float>(out.value);

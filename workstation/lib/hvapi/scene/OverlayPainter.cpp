@@ -164,6 +164,7 @@ void OverlayPainter::arrowHead(Pixel base, Pixel along, double size, double widt
 
 void OverlayPainter::label(Pixel place, const QString& text, const QColor& colour)
 {
+    if (!std::isfinite(place.x) || !std::isfinite(place.y)) return;
     const QImage image = labelImage(text, colour, m_scale);
     const double gap = 12.0 * m_scale;
     double x = place.x + gap;
