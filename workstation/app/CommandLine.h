@@ -24,7 +24,7 @@ struct CommandLine
     };
 
     Wish wish = Wish::Workstation;
-    QStringList paths;     ///< files of one volume, as the user typed them
+    QStringList paths;     ///< files of one volume, or a sequence, as the user typed them
     QString snapshotFile;  ///< picture to write; set for Wish::Snapshot
     QSize snapshotSize{640, 640};
     View view = View::Iso;

@@ -14,17 +14,21 @@
 #include "hvapi/windows/CHVSMdiSubWindow.h"
 #include "hvapi/windows/CHVSSequenceWindow.h"
 #include "hvutils/CHVPreference.h"
+#include "hvutils/CHVSErrorHandler.h"
 #include "hvutils/CHVSLog.h"
 #include "hvutils/CHVSSettings.h"
 #include "hvutils/CHVUtilityFns.h"
 #include "lib/hvapi/sequence/SequenceRegistry.h"
+#include "lib/hvapi/sequence/SequenceStore.h"
 #include "lib/hvapi/windows/WindowRegistry.h"
 
 #include <QCloseEvent>
+#include <QDir>
 #include <QGuiApplication>
 #include <QLabel>
 #include <QMenu>
 #include <QMimeData>
+#include <QPointer>
 #include <QScreen>
 #include <QSettings>
 #include <QStatusBar>
@@ -124,7 +128,7 @@ void MainWindow::connectRequests()
     connect(&m_plugins, &PluginLoader::create3DSceneSequenceRequested, m_pWorkspace, &Workspace::createScene);
     connect(&m_plugins, &PluginLoader::loadFileRequested, this,
             [this](const QString& path, bool, tag_estatus* status) {
-                const OpenResult result = openVolume({path});
+                const OpenResult result = open({path});
                 if (status) *status = result == OpenResult::Loaded ? eStatusSuccess : eStatusFailed;
             });
     connect(&m_plugins, &PluginLoader::workspaceWindowRequested, m_pWorkspace, &Workspace::addTool);
@@ -185,12 +189,46 @@ CHVSSequenceDataset* MainWindow::newScene()
     return m_pWorkspace->createScene(name);
 }
 
+CHVToolPalettePluginBase* MainWindow::volumeReader() const
+{
+    for (const LoadedPlugin& plugin : m_plugins.plugins()) {
+        if (loadsVolumes(plugin.instance)) return plugin.instance;
+    }
+    return nullptr;
+}
+
+MainWindow::OpenResult MainWindow::open(const QStringList& paths)
+{
+    const bool isSequence = paths.size() == 1 && !SequenceStore::infoFile(paths.first()).isEmpty();
+    return isSequence ? openSequence(paths.first()) : openVolume(paths);
+}
+
+MainWindow::OpenResult MainWindow::openSequence(const QString& path)
+{
+    const int before = SequenceRegistry::instance().sequences().size();
+    tag_estatus status = eStatusFailed;
+    const QPointer<CHVSSequenceDataset> sequence = SequenceStore::open(path, status);
+    if (!sequence) {
+        CHVSErrorHandler::errorMessage(this, status, QDir::toNativeSeparators(path));
+        return OpenResult::Failed;
+    }
+    m_pWorkspace->bringToFront(sequence);
+    const QString file = SequenceStore::infoFile(path);
+    if (m_services.mode() == ApplicationServices::Mode::Attended) {
+        m_recent.add({file});
+        CHVPreference::getSettings()->setRecentFilePath(file);
+    }
+    if (SequenceRegistry::instance().sequences().size() == before) return OpenResult::Loaded;
+    const QStringList volume = SequenceStore::volumeFiles(*sequence);
+    CHVToolPalettePluginBase* reader = volumeReader();
+    if (!volume.isEmpty() && reader && m_pWorkspace->activeSequence() == sequence)
+        loadVolume(*reader, volume);
+    return OpenResult::Loaded;
+}
+
 MainWindow::OpenResult MainWindow::openVolume(const QStringList& files)
 {
-    CHVToolPalettePluginBase* reader = nullptr;
-    for (const LoadedPlugin& plugin : m_plugins.plugins()) {
-        if (!reader && loadsVolumes(plugin.instance)) reader = plugin.instance;
-    }
+    CHVToolPalettePluginBase* reader = volumeReader();
     if (!reader) {
         logText(QStringLiteral("There is no plug-in that loads volumes."), CHVSLog::eError);
         return OpenResult::NoReader;
@@ -198,6 +236,16 @@ MainWindow::OpenResult MainWindow::openVolume(const QStringList& files)
     const QStringList absolute = filesMeantBy(files);
     if (absolute.isEmpty() || (!m_pWorkspace->activeSequence() && !newScene())) return OpenResult::Failed;
 
+    if (!loadVolume(*reader, absolute)) return OpenResult::Failed;
+    if (m_services.mode() == ApplicationServices::Mode::Attended) {
+        m_recent.add(absolute);
+        CHVPreference::getSettings()->setRecentFilePath(absolute.first());
+    }
+    return OpenResult::Loaded;
+}
+
+bool MainWindow::loadVolume(CHVToolPalettePluginBase& reader, const QStringList& files)
+{
     // A load clears the sequence's files and names them anew when it ends well; one that is refused at once
     // leaves those of the volume before.
     bool isLoaded = false;
@@ -207,15 +255,40 @@ MainWindow::OpenResult MainWindow::openVolume(const QStringList& files)
     };
     const QMetaObject::Connection following =
         connect(&registry, &SequenceRegistry::loadedVolumetricDataChanged, this, follow);
-    QMetaObject::invokeMethod(reader, loaderSlot, Qt::DirectConnection, Q_ARG(QStringList, absolute),
+    QMetaObject::invokeMethod(&reader, loaderSlot, Qt::DirectConnection, Q_ARG(QStringList, files),
                               Q_ARG(int, -1), Q_ARG(int, -1));
     disconnect(following);
-    if (!isLoaded) return OpenResult::Failed;
-    if (m_services.mode() == ApplicationServices::Mode::Attended) {
-        m_recent.add(absolute);
-        CHVPreference::getSettings()->setRecentFilePath(absolute.first());
+    return isLoaded;
+}
+
+bool MainWindow::saveSequence()
+{
+    CHVSChildWindow* window = WindowRegistry::instance().active();
+    const QPointer<CHVSSequenceDataset> sequence = window ? window->getWindowSequence() : nullptr;
+    if (!sequence) return false;
+    // whoever has results of it settles them, and may save the sequence for that
+    emit sequence->saveExistingAnalysisResult();
+    if (!sequence) return false;
+    tag_estatus status = eStatusSuccess;
+    if (sequence->getSequenceInfoPath().isEmpty()) {
+        status = window->saveSequence();
+    } else {
+        status = SequenceStore::save(*sequence);
+        if (status != eStatusSuccess)
+            CHVSErrorHandler::errorMessage(this, status,
+                                           QDir::toNativeSeparators(sequence->getSequenceInfoPath()));
     }
-    return OpenResult::Loaded;
+    if (status != eStatusSuccess || !sequence) return false;
+    const QString folder = sequence->getSequenceInfoPath();
+    const QString file = SequenceStore::infoFile(folder);
+    if (m_services.mode() == ApplicationServices::Mode::Attended) {
+        m_recent.add({file});
+        CHVPreference::getSettings()->setRecentFilePath(file);
+    }
+    logText(QStringLiteral("Sequence '%1' saved in '%2'.")
+                .arg(sequence->getSequenceID(), QDir::toNativeSeparators(folder)),
+            CHVSLog::eStatusLine);
+    return true;
 }
 
 C3DScene* MainWindow::activeScene() const
@@ -249,7 +322,7 @@ void MainWindow::dragEnterEvent(QDragEnterEvent* event)
 void MainWindow::dropEvent(QDropEvent* event)
 {
     event->acceptProposedAction();
-    openVolume(localFiles(event->mimeData()));
+    open(localFiles(event->mimeData()));
 }
 
 void MainWindow::showProcess()

@@ -51,6 +51,17 @@ public:
     /// refused now.
     bool shutDown();
 
+    /// Opens a sequence when the only path names one, its "SequenceInfo.txt" or its folder; else a volume.
+    OpenResult open(const QStringList& paths);
+
+    /// Opens the sequence of a "SequenceInfo.txt" or of its folder, brings it to the front, and loads the
+    /// volume that it was saved with or that lies in its "CT Data". Loaded as soon as the sequence is open.
+    OpenResult openSequence(const QString& path);
+
+    /// Writes the active sequence; one without a folder asks for its place first. False when it is not on
+    /// disk afterwards.
+    bool saveSequence();
+
     /// The 3D view of the active sequence window, or null.
     C3DScene* activeScene() const;
 
@@ -85,6 +96,9 @@ private:
 
     // what the menus do
     void chooseVolume();
+    void chooseSequence();
+    bool loadVolume(CHVToolPalettePluginBase& reader, const QStringList& files);
+    CHVToolPalettePluginBase* volumeReader() const;
     void openRecent(const QStringList& files);
     void savePicture();
     void showAbout();
@@ -109,6 +123,7 @@ private:
     QMenu* m_pToolsMenu = nullptr;
     QHash<QString, QAction*> m_groupEnds;  ///< of the file menu: the separator that ends a group of actions
     QList<QAction*> m_sceneActions;        ///< enabled while a 3D view is in front
+    QAction* m_pSaveSequence = nullptr;
     PluginLoader m_plugins;
     int m_sceneNumber = 0;
 };

@@ -82,11 +82,20 @@ void MainWindow::buildFileMenu()
                   QStringLiteral("ActionOpenVolume"), QStringLiteral("Load a volume into the active scene"));
     open->setShortcut(QKeySequence::Open);
     connect(open, &QAction::triggered, this, &MainWindow::chooseVolume);
-    m_pRecentMenu =
-        m_pFileMenu->addMenu(Icons::make(Icons::Shape::Recent), QStringLiteral("&Recent Volumes"));
+    QAction* openSequence = addAction(
+        *m_pFileMenu, Icons::make(Icons::Shape::Open), QStringLiteral("Open Se&quence..."),
+        QStringLiteral("ActionOpenSequence"), QStringLiteral("Open an image sequence with its volume"));
+    openSequence->setShortcut(QKeySequence(static_cast<int>(Qt::CTRL) | Qt::SHIFT | Qt::Key_O));
+    connect(openSequence, &QAction::triggered, this, &MainWindow::chooseSequence);
+    m_pRecentMenu = m_pFileMenu->addMenu(Icons::make(Icons::Shape::Recent), QStringLiteral("&Recent Files"));
     connect(m_pRecentMenu, &QMenu::aboutToShow, this, &MainWindow::fillRecentMenu);
     m_groupEnds.insert(groupOpen, m_pFileMenu->addSeparator());
 
+    m_pSaveSequence = addAction(*m_pFileMenu, Icons::make(Icons::Shape::Save),
+                                QStringLiteral("Sa&ve Sequence"), QStringLiteral("ActionSaveSequence"),
+                                QStringLiteral("Write the active sequence to its folder"));
+    m_pSaveSequence->setShortcut(QKeySequence(static_cast<int>(Qt::CTRL) | Qt::SHIFT | Qt::Key_S));
+    connect(m_pSaveSequence, &QAction::triggered, this, &MainWindow::saveSequence);
     QAction* save =
         addAction(*m_pFileMenu, Icons::make(Icons::Shape::Save),
                   QStringLiteral("&Save Picture of the 3D View..."), QStringLiteral("ActionSavePicture"),
@@ -211,6 +220,7 @@ void MainWindow::updateActions()
     for (QAction* action : m_sceneActions)
         action->setEnabled(hasScene);
     CHVSSequenceDataset* sequence = m_pWorkspace->activeSequence();
+    m_pSaveSequence->setEnabled(sequence != nullptr);
     m_pSequenceLabel->setText(sequence ? sequence->getSequenceID() : QStringLiteral("No sequence"));
 }
 
@@ -222,6 +232,14 @@ void MainWindow::chooseVolume()
     if (!files.isEmpty()) openVolume(files);
 }
 
+void MainWindow::chooseSequence()
+{
+    const QString file = QFileDialog::getOpenFileName(this, QStringLiteral("Open Sequence"),
+                                                      CHVPreference::getSettings()->getRecentFilePath(),
+                                                      QStringLiteral("Sequences (SequenceInfo.txt)"));
+    if (!file.isEmpty()) openSequence(file);
+}
+
 void MainWindow::openRecent(const QStringList& files)
 {
     if (!QFileInfo::exists(files.first())) {
@@ -229,7 +247,7 @@ void MainWindow::openRecent(const QStringList& files)
         CHVSErrorHandler::errorMessage(this, eStatusFileNotReadable, files.first());
         return;
     }
-    openVolume(files);
+    open(files);
 }
 
 void MainWindow::savePicture()

@@ -66,6 +66,11 @@ QString RecentFiles::title(const QStringList& files)
 {
     if (files.isEmpty()) return {};
     const QFileInfo first(files.first());
+    if (files.size() == 1 && first.fileName() == QLatin1String("SequenceInfo.txt")) {
+        const QFileInfo folder(first.absolutePath());
+        return QStringLiteral("%1 (sequence)  -  %2")
+            .arg(folder.fileName(), QDir::toNativeSeparators(folder.absolutePath()));
+    }
     QString name = first.fileName();
     if (files.size() > 1) name += QStringLiteral(" and %1 more").arg(files.size() - 1);
     return QStringLiteral("%1  -  %2").arg(name, QDir::toNativeSeparators(first.absolutePath()));

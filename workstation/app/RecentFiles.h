@@ -5,7 +5,8 @@
 
 class QSettings;
 
-/// The volumes that were opened last, newest first, each as the list of its files. Kept in the settings.
+/// The volumes and sequences that were opened last, newest first, each as the list of its files; a sequence
+/// is its "SequenceInfo.txt". Kept in the settings.
 class RecentFiles
 {
 public:
@@ -20,7 +21,8 @@ public:
     void remove(const QStringList& files);
     void clear();
 
-    /// "scan.vox - /data/mouse" or "slice_001.tif and 119 more - /data/mouse".
+    /// "scan.vox - /data/mouse" or "slice_001.tif and 119 more - /data/mouse"; a sequence is
+    /// "mouse (sequence) - /data".
     static QString title(const QStringList& files);
 
 private:

@@ -93,7 +93,7 @@ int workstation(ApplicationServices& services, const CommandLine& line)
     logWhenReady(window);
     if (!line.paths.isEmpty()) {
         // when the window is there, so that a question has something to stand on
-        QTimer::singleShot(0, &window, [&window, &line] { window.openVolume(line.paths); });
+        QTimer::singleShot(0, &window, [&window, &line] { window.open(line.paths); });
     }
     return QApplication::exec();
 }

@@ -40,7 +40,7 @@ SnapshotResult loadFailure(const CommandLine& line, const QString& reason)
 SnapshotResult takeSnapshot(MainWindow& window, ApplicationServices& services, const CommandLine& line)
 {
     const UnattendedWatch watch;
-    const MainWindow::OpenResult result = window.openVolume(line.paths);
+    const MainWindow::OpenResult result = window.open(line.paths);
     if (watch.wasAsked()) return {ExitNeedsValues, watch.demand()};
     if (result == MainWindow::OpenResult::NoReader)
         return {ExitCannotStart, QStringLiteral("there is no plug-in that loads volumes")};

@@ -74,6 +74,14 @@ CHVSSequenceDataset* Workspace::createScene(const QString& wish)
     return sequence;
 }
 
+void Workspace::bringToFront(CHVSSequenceDataset* sequence)
+{
+    CHVSMdiSubWindow* frame = m_frames.value(sequence);
+    if (!frame) return;
+    frame->showWindow();
+    WindowRegistry::instance().setActive(CHVSSequenceWindow::getSequenceWindow(sequence));
+}
+
 CHVSSequenceDataset* Workspace::activeSequence() const
 {
     CHVSChildWindow* window = WindowRegistry::instance().active();

@@ -27,6 +27,9 @@ public:
     /// a number behind it where that is taken. Null when `wish` can't name a folder.
     CHVSSequenceDataset* createScene(const QString& wish);
 
+    /// Shows the window of a sequence and makes it the active one.
+    void bringToFront(CHVSSequenceDataset* sequence);
+
     /// The sequence of the active window; null when there is none.
     CHVSSequenceDataset* activeSequence() const;
 

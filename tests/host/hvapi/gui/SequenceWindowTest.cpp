@@ -9,6 +9,7 @@
 #include "lib/hvapi/scene/C3DViewPrivate.h"
 #include "lib/hvapi/scene/ViewControl.h"
 #include "lib/hvapi/windows/WindowRegistry.h"
+#include "support/ModalWatcher.h"
 
 #include <QAction>
 #include <QLabel>
@@ -326,6 +327,8 @@ TEST_F(SequenceWindowTest, RefreshCallsPaintTheSceneAnew)
 TEST_F(SequenceWindowTest, SavingSucceedsOnlyWithAFolder)
 {
     auto* window = open(SequenceKind::Scene3D);
+    viz_test::ModalWatcher watcher;
+    watcher.expect([](QWidget* dialog) { dialog->close(); });
     EXPECT_NE(window->saveSequence(), 0);
     auto* sequence = window->getWindowSequence();
     auto description = SequenceRegistry::instance().description(sequence);

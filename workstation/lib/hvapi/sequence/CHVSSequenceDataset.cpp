@@ -29,6 +29,11 @@ QString CHVSSequenceDataset::getSequenceInfoPath()
     return d->description.infoPath;
 }
 
+CPLSequenceInfo* CHVSSequenceDataset::getSequenceInfo()
+{
+    return d->info.get();
+}
+
 bool CHVSSequenceDataset::isSLASequence()
 {
     return d->description.kind == SequenceKind::Sla;
@@ -58,6 +63,8 @@ bool CHVSSequenceDataset::isDatasetAcquisitionInProgress()
 void CHVSSequenceDataset::setLoadedVolumetricData(QStringList files)
 {
     d->loadedVolumetricData = std::move(files);
+    // a load clears the list before it names its files: a file without a volume does not change by that
+    d->volumeChanged = d->volumeChanged || !d->loadedVolumetricData.isEmpty();
     emit SequenceRegistry::instance().loadedVolumetricDataChanged(this);
 }
 

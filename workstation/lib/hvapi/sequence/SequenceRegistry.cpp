@@ -85,8 +85,21 @@ CHVSSequenceDataset* SequenceRegistry::create(SequenceDescription const& descrip
 
 CHVSSequenceDataset* SequenceRegistry::open(SequenceDescription const& description)
 {
+    return open(description, SequenceContents());
+}
+
+CHVSSequenceDataset* SequenceRegistry::open(SequenceDescription const& description, SequenceContents contents)
+{
     auto* sequence = create(description);
     if (!sequence) return nullptr;
+    auto& data = CHVSSequenceDataset::Private::of(*sequence);
+    data.info = std::move(contents.info);
+    for (auto& click : contents.clicks) {
+        for (auto const& dataset : data.datasets) {
+            auto& member = CHVSDataset::Private::of(*dataset);
+            if (member.clickNumber == click.number) member.take(std::move(click));
+        }
+    }
     emit windowCreated(new CHVSSequenceWindow(sequence));
     emit sequenceAdded(sequence);
     return sequence;

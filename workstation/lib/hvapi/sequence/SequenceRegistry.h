@@ -1,6 +1,7 @@
 #pragma once
 
 #include "hvapi/hvapi_global.h"
+#include "lib/hvapi/sequence/SequenceContents.h"
 #include "lib/hvapi/sequence/SequenceDescription.h"
 
 #include <QList>
@@ -36,6 +37,8 @@ public:
     /// Makes a sequence and its window. Null, and nothing done, if the id is not valid or taken (case
     /// ignored).
     CHVSSequenceDataset* open(SequenceDescription const& description);
+    /// The same for a sequence on disk.
+    CHVSSequenceDataset* open(SequenceDescription const& description, SequenceContents contents);
 
     /// Makes a sequence without a window and emits sequenceAdded. Null as for open().
     CHVSSequenceDataset* add(SequenceDescription const& description);

@@ -4,12 +4,18 @@
 #include "hvapi/sequence/CHVSSequenceDataset.h"
 #include "hvutils/CHVPreference.h"
 #include "hvutils/CHVPreferenceSignalHandler.h"
+#include "hvutils/CHVSErrorHandler.h"
+#include "hvutils/CHVSSettings.h"
 #include "lib/hvapi/sequence/SequenceRegistry.h"
+#include "lib/hvapi/sequence/SequenceStore.h"
 #include "lib/hvapi/windows/ScenePage.h"
 #include "lib/hvapi/windows/SequencePage.h"
 #include "lib/hvapi/windows/SequenceWindowData.h"
 #include "lib/hvapi/windows/WindowRegistry.h"
 
+#include <QDir>
+#include <QFileDialog>
+#include <QPointer>
 #include <QTabWidget>
 #include <QVBoxLayout>
 
@@ -163,7 +169,17 @@ void CHVSSequenceWindow::update3DLayout()
 
 tag_estatus CHVSSequenceWindow::saveSequence()
 {
-    return d->sequence->getSequenceInfoPath().isEmpty() ? eStatusFailed : eStatusSuccess;
+    if (!d->sequence->getSequenceInfoPath().isEmpty()) return eStatusSuccess;
+    QPointer<CHVSSequenceWindow> const self(this);
+    QString const parent = QFileDialog::getExistingDirectory(
+        this, tr("Folder in Which '%1' Is Saved").arg(d->sequence->getSequenceID()),
+        CHVPreference::getSettings()->getRecentFilePath());
+    // the dialog runs the event loop, in which the sequence may be closed
+    if (!self || parent.isEmpty()) return eStatusFailed;
+    tag_estatus const status = SequenceStore::saveIn(*d->sequence, parent);
+    if (status != eStatusSuccess)
+        CHVSErrorHandler::errorMessage(this, status, QDir::toNativeSeparators(parent));
+    return status;
 }
 
 bool CHVSSequenceWindow::isClosing()
