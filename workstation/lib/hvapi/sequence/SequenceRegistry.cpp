@@ -2,6 +2,7 @@
 
 #include "hvapi/windows/CHVSSequenceWindow.h"
 #include "lib/hvapi/scene/C3DSGManagerPrivate.h"
+#include "lib/hvapi/sequence/CtCalibration.h"
 #include "lib/hvapi/sequence/DatasetIndex.h"
 #include "lib/hvapi/sequence/SequenceData.h"
 #include "lib/hvapi/windows/SequenceWindowData.h"
@@ -74,6 +75,7 @@ CHVSSequenceDataset* SequenceRegistry::create(SequenceDescription const& descrip
     auto& stored = CHVSSequenceDataset::Private::of(*sequence);
     // A volume may be loaded before the 3D tab was ever opened.
     stored.graph.hostSide().makeRoot();
+    stored.graph.hostSide().calibration = [sequence] { return ctCalibration(sequence->getSequenceInfo()); };
     for (auto const& click : description.clickNumbers) {
         if (click.isEmpty() || datasetIndex().contains(click)) continue;
         stored.description.clickNumbers.append(click);
