@@ -84,6 +84,8 @@ public slots:
     /// Loads a volume for the current sequence from the given files; `nMin` and `nMax` are the first and the
     /// last frame, counted from 0, or -1 and -1 for all. True on success.
     bool onLoadVolumeData(QStringList strFilePaths, int nMin, int nMax);
+    /// Loads the DICOM file that a result consists of; nothing is left to save then.
+    void loadDicomResult(const QString& path);
 
     void onActiveUserChange();
     void updateUserPreferences();

@@ -4,6 +4,7 @@
 #include "hvapi/sequence/CHVSSequenceDataset.h"
 #include "hvutils/CHVSPalettePixmapView.h"
 #include "plugin/WidgetSync.h"
+#include "plugin/logic/SourceLimits.h"
 
 #include <QButtonGroup>
 
@@ -95,16 +96,19 @@ void CHVVolumeVizPalette::updateVolumeTab(const SVolVizControls& record)
 
 void CHVVolumeVizPalette::updateSliceTab(const SVolVizControls& record)
 {
-    m_pSliceMinIntensitySpinBox->setRange(record.dVolumeMin, record.dVolumeMax);
-    m_pSliceMinIntensitySpinBox->setValue(record.nSliceMin);
-    m_pSliceMinIntensitySlider->setRange(static_cast<int>(record.dVolumeMin),
-                                         static_cast<int>(record.dVolumeMax));
-    m_pSliceMinIntensitySlider->setValue(record.nSliceMin);
-    m_pSliceMaxIntensitySlider->setRange(static_cast<int>(record.dVolumeMin),
-                                         static_cast<int>(record.dVolumeMax));
-    m_pSliceMaxIntensitySlider->setValue(record.nSliceMax);
-    m_pSliceMaxIntensitySpinBox->setRange(record.dVolumeMin, record.dVolumeMax);
-    m_pSliceMaxIntensitySpinBox->setValue(record.nSliceMax);
+    const SourceLimits limits{record.dVolumeMin, record.dVolumeMax};
+    const int low = truncatedToInt(limits.min);
+    const int high = truncatedToInt(limits.max);
+    const double min = sourceValue(record.nSliceMin, limits);
+    const double max = sourceValue(record.nSliceMax, limits);
+    m_pSliceMinIntensitySpinBox->setRange(limits.min, limits.max);
+    m_pSliceMinIntensitySpinBox->setValue(min);
+    m_pSliceMinIntensitySlider->setRange(low, high);
+    m_pSliceMinIntensitySlider->setValue(truncatedToInt(min));
+    m_pSliceMaxIntensitySlider->setRange(low, high);
+    m_pSliceMaxIntensitySlider->setValue(truncatedToInt(max));
+    m_pSliceMaxIntensitySpinBox->setRange(limits.min, limits.max);
+    m_pSliceMaxIntensitySpinBox->setValue(max);
 
     quietly(m_pSliceOpacitySlider, [&](QSlider& slider) {
         slider.setRange(record.nSliceOpacityMin, record.nSliceOpacityMax);

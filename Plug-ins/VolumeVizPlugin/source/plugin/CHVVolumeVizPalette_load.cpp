@@ -34,6 +34,14 @@ bool CHVVolumeVizPalette::onLoadVolumeData(QStringList strFilePaths, int nMin, i
     return VolumeLoad(*this, request).run();
 }
 
+void CHVVolumeVizPalette::loadDicomResult(const QString& path)
+{
+    m_bLoadFromFileList = true;
+    onLoadVolumeData(QStringList(path), -1, -1);
+    setResultsModifiedForSequence(false);
+    m_bLoadFromFileList = false;
+}
+
 void CHVVolumeVizPalette::addGLVolumeNodeTo3DSceneGraph()
 {
     const PaletteTarget before = target();

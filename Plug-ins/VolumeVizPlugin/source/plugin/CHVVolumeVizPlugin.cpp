@@ -2,6 +2,7 @@
 
 #include "hvapi/sequence/CHVSSequenceDataset.h"
 #include "hvapi/windows/CHVSSequenceWindow.h"
+#include "hvdicom/CHVDcmImage.h"
 #include "hvutils/CHVSMessageBox.h"
 #include "hvutils/CHVUtilityFns.h"
 #include "plugin/CHVVolumeVizPalette.h"
@@ -10,6 +11,7 @@
 
 #include <QAction>
 #include <QCoreApplication>
+#include <QFile>
 
 CHVVolumeVizPlugin::~CHVVolumeVizPlugin()
 {
@@ -172,12 +174,16 @@ void CHVVolumeVizPlugin::loadSelectedFileList(QStringList files, int nMin, int n
     if (m_pPalette) m_pPalette->onLoadVolumeData(files, nMin, nMax);
 }
 
-// No named results, no browser and no tool of the palette hear these.
+// No named results and no browser hear these two.
 void CHVVolumeVizPlugin::onDatasetSavedSignal() {}
 
-void CHVVolumeVizPlugin::onLoadResultsSignal(QString, QString) {}
-
 void CHVVolumeVizPlugin::onLoadButtonClicked() {}
+
+void CHVVolumeVizPlugin::onLoadResultsSignal(QString, QString resultName)
+{
+    if (m_pPalette && CHVDcmImage::isDICOM(QFile::encodeName(resultName).constData()))
+        m_pPalette->loadDicomResult(resultName);
+}
 
 void CHVVolumeVizPlugin::onSignalTransformObjectChanged(QString) {}
 

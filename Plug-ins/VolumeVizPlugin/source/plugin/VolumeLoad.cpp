@@ -15,17 +15,18 @@
 #include "plugin/PaletteTarget.h"
 #include "plugin/PluginLog.h"
 #include "plugin/SceneRefresh.h"
-#include "plugin/logic/FileKind.h"
+#include "plugin/VolumeReader.h"
+#include "plugin/logic/Manufacturer.h"
+#include "plugin/logic/SourceLimits.h"
 #include "plugin/logic/TempFolders.h"
 #include "render/CGLVolume.h"
-#include "volume/CVolumeRaw.h"
 
 #include <QCursor>
 #include <QDir>
 #include <QFile>
 #include <QFileDialog>
 #include <QFileInfo>
-#include <algorithm>
+#include <memory>
 
 namespace {
 
@@ -76,8 +77,8 @@ bool VolumeLoad::run()
         m_palette.m_nLowerLimit = m_request.lowerLimit;
         m_palette.m_nUpperLimit = m_request.upperLimit;
     }
-    CVolumeRaw reader(&m_palette);
-    if (!read(reader)) {
+    const std::unique_ptr<VolumeReader> reader = VolumeReader::of(m_kind, &m_palette);
+    if (!read(reader.get())) {
         CHVUtilityFns::restoreCursor();
         return false;
     }
@@ -92,7 +93,7 @@ bool VolumeLoad::run()
             QStringLiteral("Failed to create a volume rendering object instance - unable to continue"));
         return false;
     }
-    const bool loaded = handOver(reader);
+    const bool loaded = handOver(*reader);
     markModified();
     CHVUtilityFns::restoreCursor();
     return loaded;
@@ -156,34 +157,38 @@ bool VolumeLoad::fileIsAVolume()
         CHVSErrorHandler::errorMessage(&m_palette, eStatusFileNotReadable, QString());
         return false;
     }
-    if (fileKindByName(m_file) == FileKind::Raw) return true;
-    CHVSErrorHandler::errorMessage(&m_palette, eStatusUnsupportedFile, QString());
+    m_kind = kindOfFile(m_file);
+    if (m_kind == FileKind::HostPicture)
+        CHVSErrorHandler::errorMessage(&m_palette, eStatusPlanarImageFile, QString());
+    else if (m_kind == FileKind::NotAVolume)
+        CHVSErrorHandler::errorMessage(&m_palette, eStatusUnsupportedFile, QString());
+    else
+        return true;
     return false;
 }
 
-bool VolumeLoad::read(CVolumeRaw& reader)
+bool VolumeLoad::read(VolumeReader* reader)
 {
     const QPointer<CHVSSequenceDataset> sequence = m_palette.m_pSequenceDataset;
-    const bool done = !m_file.isNull() && reader.loadVolumeFile(QFile::encodeName(m_file).constData());
+    const bool done =
+        reader && reader->read(m_palette.m_strFileList, m_request.lowerLimit, m_request.upperLimit);
     if (done && sequence && sequence == m_palette.m_pSequenceDataset) {
-        m_loadedFiles = QStringList(m_file);
+        m_loadedFiles = reader->loadedFiles();
         m_palette.m_strFileList = m_loadedFiles;
         return true;
     }
+    if (!done && m_kind == FileKind::Dicom) emit m_palette.dicomLoadingFailed();
     CHVSSequenceWindow* shown = window();
     if (m_request.tellsWindowOfFailure && shown) shown->onSignal3DViewChanged(false);
     return false;
 }
 
-bool VolumeLoad::handOver(CVolumeRaw& reader)
+bool VolumeLoad::handOver(VolumeReader& reader)
 {
     CGLVolume& volume = *node();
     if (m_request.forgetsRawSize) volume.resetRawSize();
-    // Rows before columns, though columns run fastest: a volume with unequal counts comes out sheared.
-    const bool taken =
-        volume.loadVolume(reader.getVoxels(), reader.getLoadRows(), reader.getLoadColumns(),
-                          reader.getFrames(), static_cast<unsigned long>(reader.getMaxValue()),
-                          static_cast<unsigned long>(reader.getMinValue()), reader.getExtent());
+    const bool taken = reader.giveTo(volume);
+    if (taken) m_palette.m_eManufacturer = manufacturerNumber(reader.manufacturer());
     if (!taken) {
         CHVSErrorHandler::errorMessage(&m_palette, eStatusVolumeNotLoaded, QString());
         return false;
@@ -214,13 +219,14 @@ void VolumeLoad::fillRecord(CGLVolume& volume)
     volume.show(true);
     record.nSliceMin = volume.getMin();
     record.nSliceMax = volume.getMax();
-    volume.setSliceMin(static_cast<float>(record.nSliceMin));
-    volume.setSliceMax(static_cast<float>(record.nSliceMax));
+    const SourceLimits limits = sourceLimits(volume.getMin(), volume.getMax());
+    volume.setSliceMin(static_cast<float>(limits.min));
+    volume.setSliceMax(static_cast<float>(limits.max));
 
     const bool forAResult = m_palette.m_bLoadFromFileList && !m_palette.m_bDroppedFiles;
     record.bAutoFit = !forAResult;
-    record.dVolumeMin = volume.getMin();
-    record.dVolumeMax = volume.getMax();
+    record.dVolumeMin = limits.min;
+    record.dVolumeMax = limits.max;
     record.nOpacitySlider = 100;
 
     volume.setMIP(record.bMIP);

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "plugin/logic/FileKind.h"
+
 #include <QPointer>
 #include <QStringList>
 
@@ -7,7 +9,7 @@ class CHVSSequenceDataset;
 class CHVSSequenceWindow;
 class CHVVolumeVizPalette;
 class CGLVolume;
-class CVolumeRaw;
+class VolumeReader;
 struct SVolVizControls;
 
 /// What one way of asking for a volume does differently from another.
@@ -53,8 +55,8 @@ private:
     bool takeFileList();
     QStringList askForFiles() const;
     bool fileIsAVolume();
-    bool read(CVolumeRaw& reader);
-    bool handOver(CVolumeRaw& reader);
+    bool read(VolumeReader* reader);
+    bool handOver(VolumeReader& reader);
     void fillRecord(CGLVolume& node);
     void dumpVoxels(CGLVolume& node) const;
     void showVolume();
@@ -65,6 +67,7 @@ private:
 
     CHVVolumeVizPalette& m_palette;
     const LoadRequest m_request;
-    QString m_file;             ///< the first file: it decides on the reader
+    QString m_file;  ///< the first file: it decides on the reader
+    FileKind m_kind = FileKind::NotAVolume;
     QStringList m_loadedFiles;  ///< the files that the volume came from
 };

@@ -1,8 +1,15 @@
 #include "plugin/logic/FileKind.h"
 
-FileKind fileKindByName(const QString& path)
+bool isRawByName(const QString& path)
 {
-    const bool raw = path.contains(QLatin1String(".raw"), Qt::CaseInsensitive) ||
-                     path.contains(QLatin1String(".vox"), Qt::CaseInsensitive);
-    return raw ? FileKind::Raw : FileKind::NotAVolume;
+    return path.contains(QLatin1String(".raw"), Qt::CaseInsensitive) ||
+           path.contains(QLatin1String(".vox"), Qt::CaseInsensitive);
+}
+
+FileKind fileKind(const QString& path, const FileProbes& probes)
+{
+    if (probes.isTiff(path)) return FileKind::Tiff;
+    if (isRawByName(path)) return FileKind::Raw;
+    if (probes.isHostPicture(path)) return FileKind::HostPicture;
+    return probes.isDicom(path) ? FileKind::Dicom : FileKind::NotAVolume;
 }

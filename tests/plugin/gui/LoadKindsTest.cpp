@@ -1,0 +1,205 @@
+#include "gui/PluginBench.h"
+
+#include "hvutils/CHVSErrorHandler.h"
+#include "lib/hvapi/sequence/SequenceRegistry.h"
+#include "lib/hvapi/windows/WindowRegistry.h"
+#include "render/CGLVolume.h"
+#include "support/TiffFiles.h"
+#include "support/dicom/DicomBuilder.h"
+
+#include <QSignalSpy>
+
+namespace {
+
+/// Files of every kind that the palette can be given.
+class LoadKinds : public PluginBench
+{
+protected:
+    void SetUp() override { sequence = openCurrent("S1"); }
+
+    QString path(const char* name) const { return files.filePath(name); }
+    bool load(const QStringList& paths, int first = -1, int last = -1)
+    {
+        return palette->onLoadVolumeData(paths, first, last);
+    }
+
+    QStringList series(const DicomBuilder& builder, unsigned slices = 3)
+    {
+        return writeDicomSeries(files.path(), builder, 5, 4, slices, {0, 0, 0}, {0, 0, 2},
+                                [](unsigned x, unsigned y, unsigned z) { return x + 10 * y + 100 * z; });
+    }
+
+    QString pages(const char* name, unsigned count) const
+    {
+        viz_test::TiffKind kind;
+        kind.width = 5;
+        kind.height = 4;
+        std::vector<std::vector<std::uint32_t>> values;
+        for (unsigned page = 0; page < count; ++page) {
+            values.emplace_back(20);
+            for (unsigned i = 0; i < 20; ++i)
+                values.back()[i] = i + 20 * page;
+        }
+        viz_test::writeTiff(path(name), kind, values);
+        return path(name);
+    }
+
+    /// The host's own text for a status.
+    QString textOf(int status)
+    {
+        host.answers.prepend(1024);
+        CHVSErrorHandler::errorMessage(nullptr, static_cast<tag_estatus>(status), QString());
+        return host.asked.takeLast().text;
+    }
+    void expectRefusal(const QString& file, int status)
+    {
+        host.answers = {1024};
+        EXPECT_FALSE(load({file}));
+        ASSERT_EQ(host.asked.size(), 1);
+        EXPECT_EQ(host.asked.first().text, textOf(status));
+        EXPECT_EQ(nodeOf(sequence), nullptr);
+    }
+    void expectCounts(int width, int height, int depth)
+    {
+        CGLVolume* node = nodeOf(sequence);
+        ASSERT_NE(node, nullptr);
+        EXPECT_EQ(node->getWidth(), width);
+        EXPECT_EQ(node->getHeight(), height);
+        EXPECT_EQ(node->getDepth(), depth);
+    }
+
+    CHVSSequenceDataset* sequence = nullptr;
+};
+
+}  // namespace
+
+TEST_F(LoadKinds, PagesOfATiffStandBetweenColumnsAndRows)
+{
+    const QString file = pages("a.tif", 3);
+    EXPECT_TRUE(load({file}));
+    expectCounts(5, 3, 4);
+    EXPECT_EQ(nodeOf(sequence)->getMin(), 0);
+    EXPECT_EQ(nodeOf(sequence)->getMax(), 59);
+    EXPECT_EQ(record("S1").fileList, QStringList(file));
+}
+
+TEST_F(LoadKinds, LimitsChooseThePages)
+{
+    EXPECT_TRUE(load({pages("a.tif", 5)}, 1, 2));
+    expectCounts(5, 2, 4);
+    EXPECT_EQ(nodeOf(sequence)->getMin(), 20);
+    EXPECT_EQ(nodeOf(sequence)->getMax(), 59);
+}
+
+TEST_F(LoadKinds, AllPagesAreTakenWhateverLimitsWereBefore)
+{
+    EXPECT_TRUE(load({pages("a.tif", 5)}, 1, 2));
+    EXPECT_TRUE(load({path("a.tif")}));
+    expectCounts(5, 5, 4);
+}
+
+TEST_F(LoadKinds, AStackKeepsTheFilesThatGaveFrames)
+{
+    const QString first = pages("a.tif", 1);
+    const QString letter = writeFile("b.tif", "Dear reader");
+    const QString last = pages("c.tif", 1);
+    EXPECT_TRUE(load({first, letter, last}));
+    EXPECT_EQ(record("S1").fileList, QStringList({first, last}));
+    EXPECT_EQ(SequenceRegistry::instance().loadedVolumetricData(sequence), QStringList({first, last}));
+}
+
+TEST_F(LoadKinds, TiffContentCountsUnderTheNameOfARawFile)
+{
+    EXPECT_TRUE(load({pages("a.raw", 2)}));
+    expectCounts(5, 2, 4);
+}
+
+TEST_F(LoadKinds, ATiffThatCannotBeReadLeavesTheOldVolume)
+{
+    EXPECT_TRUE(load({pages("a.tif", 2)}));
+    viz_test::TiffKind real;
+    real.width = 1;
+    real.height = 1;
+    real.bits = 32;
+    real.format = SAMPLEFORMAT_IEEEFP;
+    viz_test::writeTiff(path("real.tif"), real, {{0}});
+    QSignalSpy failed(&plugin, &CHVToolPalettePluginBase::loadingFailed);
+    QSignalSpy view(&WindowRegistry::instance(), &WindowRegistry::view3DChanged);
+    EXPECT_FALSE(load({path("real.tif")}));
+    EXPECT_EQ(failed.count(), 0) << "of DICOM only";
+    EXPECT_EQ(view.count(), 1);
+    EXPECT_EQ(host.cursorDepth, 0);
+    expectCounts(5, 2, 4);
+}
+
+TEST_F(LoadKinds, AnAxialSeriesStandsUpright)
+{
+    const QStringList slices = series(DicomBuilder());
+    EXPECT_TRUE(load(slices));
+    expectCounts(5, 3, 4);
+    const Coord3d thickness = nodeOf(sequence)->getThickness();
+    EXPECT_NEAR(thickness.x, 1.0, 1e-5);
+    EXPECT_NEAR(thickness.y, 2.0, 1e-5);
+    EXPECT_NEAR(thickness.z, 1.0, 1e-5);
+    QStringList loaded = record("S1").fileList;
+    loaded.sort();
+    EXPECT_EQ(loaded, slices);
+}
+
+TEST_F(LoadKinds, ASingleSliceGetsTheThicknessThatItTells)
+{
+    const QStringList one = series(DicomBuilder().set(0x0018, 0x0050, "3.5"), 1);
+    EXPECT_TRUE(load(one));
+    EXPECT_NEAR(nodeOf(sequence)->getThickness().y, 3.5, 1e-5);
+}
+
+TEST_F(LoadKinds, ASeriesInWhichTheFirstFileIsNoVolumeIsRefused)
+{
+    QStringList list = series(DicomBuilder());
+    list.prepend(writeFile("letter.txt", "Dear reader"));
+    host.answers = {1024};
+    EXPECT_FALSE(load(list));
+    EXPECT_EQ(host.asked.first().text, textOf(11));
+}
+
+TEST_F(LoadKinds, ThePicturesOfTheHostAreNamed)
+{
+    DicomBuilder picture;
+    picture.implementation("Halvane 1").set(0x0008, 0x0016, "1.2.840.10008.5.1.4.1.1.7");
+    picture.set(0x0029, 0x0010, "HALVANE PLANAR IMAGE");
+    ASSERT_TRUE(picture.write(path("picture.dcm")));
+    expectRefusal(path("picture.dcm"), 87);
+}
+
+TEST_F(LoadKinds, NamesAloneMakeNoVolume)
+{
+    expectRefusal(writeFile("a.tif", "no picture"), 11);
+    host.asked.clear();
+    expectRefusal(writeFile("a.dcm", "no scan"), 11);
+}
+
+TEST_F(LoadKinds, AFailedScanIsToldToTheHost)
+{
+    ASSERT_TRUE(DicomBuilder().withoutPixels().write(path("report.dcm")));
+    QSignalSpy failed(&plugin, &CHVToolPalettePluginBase::loadingFailed);
+    QSignalSpy view(&WindowRegistry::instance(), &WindowRegistry::view3DChanged);
+    EXPECT_FALSE(load({path("report.dcm")}));
+    EXPECT_EQ(failed.count(), 1);
+    EXPECT_EQ(view.count(), 1);
+    EXPECT_EQ(host.cursorDepth, 0);
+    EXPECT_EQ(nodeOf(sequence), nullptr);
+}
+
+TEST_F(LoadKinds, AScanAsAResultIsLoadedAndNotModified)
+{
+    const QStringList one = series(DicomBuilder(), 1);
+    plugin.onLoadResultsSignal("results.txt", one.first());
+    EXPECT_TRUE(record("S1").bVolumeLoaded);
+    EXPECT_FALSE(record("S1").bModified);
+    EXPECT_FALSE(record("S1").bAutoFit);
+    EXPECT_EQ(palette->lowerLimit(), -1);
+
+    palette->setResultsModifiedForSequence(true);
+    plugin.onLoadResultsSignal("results.txt", "a result");
+    EXPECT_TRUE(record("S1").bModified) << "no scan, nothing was loaded";
+}
