@@ -1,5 +1,6 @@
 #include "gui/PluginBench.h"
 
+#include "plugin/WidgetSync.h"
 #include "render/CGLVolume.h"
 #include "volume/CVolumeInfoDialog.h"
 
@@ -78,12 +79,11 @@ QList<QWidget*> deadControls(CHVVolumeVizPalette* palette)
     QList<QWidget*> dead;
     for (const char* name : controlNames) {
         auto* widget = palette->findChild<QWidget*>(name);
-        if (!widget || widget == palette->m_pVolumeInfoDialogButton) continue;
+        if (!widget || isWired(name)) continue;
         const char* const kinds[] = {"QAbstractButton", "QComboBox", "QAbstractSlider", "QAbstractSpinBox"};
         for (const char* kind : kinds)
             if (widget->inherits(kind)) dead.append(widget);
     }
-    dead.append(palette->m_pVolumeButtonGroup);
     return dead;
 }
 

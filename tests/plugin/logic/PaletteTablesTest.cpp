@@ -67,6 +67,7 @@ TEST(ToolRequest, NamesPageAndOrientation)
     EXPECT_TRUE(volume.known);
     EXPECT_EQ(volume.page, PalettePage::Volume);
     EXPECT_EQ(volume.sliceOrientation, -1);
+    EXPECT_EQ(volume.sliceAxis, -1);
 
     const int orientations[] = {2, 1, 0};
     for (int request = 1; request <= 3; ++request) {
@@ -74,6 +75,7 @@ TEST(ToolRequest, NamesPageAndOrientation)
         EXPECT_TRUE(slice.known);
         EXPECT_EQ(slice.page, PalettePage::Slice);
         EXPECT_EQ(slice.sliceOrientation, orientations[request - 1]) << request;
+        EXPECT_EQ(slice.sliceAxis, request - 1);
     }
 }
 

@@ -137,6 +137,14 @@ void CHVVolumeVizPalette::connectControls()
     CHVPreferenceSignalHandler* preferences = CHVPreference::getSignalHandler();
     connect(preferences, SIGNAL(activeUserChanged()), this, SLOT(onActiveUserChange()));
     connect(preferences, SIGNAL(updatePreferenceSetting()), this, SLOT(updateUserPreferences()));
+    connect(m_pLODSlider, SIGNAL(valueChanged(int)), this, SLOT(onReleaseLevelOfDetailSlider(int)));
+    connect(m_pResetLODButton, SIGNAL(clicked()), this, SLOT(onLevelOfDetailReset()));
+    connect(m_pVolumeButtonGroup, &QGroupBox::toggled, this,
+            &CHVVolumeVizPalette::onVolumeButtonGroupToggled);
+    connect(m_pTransformToolBtn, SIGNAL(toggled(bool)), this, SLOT(onToggleTransformTool(bool)));
+    connect(m_pTransformResetBtn, SIGNAL(clicked()), this, SLOT(onToggleTransformReset()));
+    connect(m_pCroptoolButton, SIGNAL(toggled(bool)), this, SLOT(onToggleCropTool(bool)));
+    connect(m_pCropResetBtn, SIGNAL(clicked()), this, SLOT(onCropReset()));
     connect(m_pVolumeInfoDialogButton, SIGNAL(clicked()), this, SLOT(onShowVolumeInfoDialog()));
 }
 

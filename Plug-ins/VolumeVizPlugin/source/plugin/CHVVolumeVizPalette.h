@@ -7,6 +7,7 @@
 #include <QMap>
 #include <QPointer>
 #include <QStringList>
+#include <array>
 
 #include "hvimage/HVS_COLORTABLE_TYPES.h"
 
@@ -53,6 +54,8 @@ public:
     virtual void onSequenceAdded(CHVSSequenceDataset* sequence);
     /// A sequence is about to go: its record and its temporary data go now.
     virtual void onSequenceRemoved(CHVSSequenceDataset* sequence);
+    /// "Display Volume" was switched: shows or hides the volume of the current sequence.
+    virtual void onVolumeButtonGroupToggled(bool shown);
     virtual void languageChange();
 
     /// False when the graphics system can't draw volumes; the palette is a notice then.
@@ -77,6 +80,12 @@ public:
     /// The host's number for entry `index` of the colour combo boxes.
     static HVS_COLORTABLE_TYPES getColorTableType(int index);
 
+    /// The host's tools work on the object of that name now: buttons of the palette's own tools for another
+    /// object are released.
+    void onTransformObjectChanged(const QString& object);
+    /// Brings the slider of the slice viewer to where the scene's slice across `axis` (0 x, 1 y, 2 z) lies.
+    void syncSliceSliderToScene(int axis);
+
 public slots:
     /// Loads a volume for the current sequence: from the remembered file list if a load from it is under way,
     /// else from files that the user is asked for. True on success.
@@ -95,6 +104,16 @@ public slots:
     void setResultsModifiedForSequence(bool modified);
     /// The host took up or left a tool of the 3D view.
     void onSignalUpdate3DToolButtons(S3DControls* controls);
+    /// Density of the drawn slices, in percent.
+    void onReleaseLevelOfDetailSlider(int value);
+    void onLevelOfDetailReset();
+    /// Takes up or leaves the tool that moves the volume, and the one that crops it.
+    void onToggleTransformTool(bool used);
+    void onToggleCropTool(bool used);
+    /// Puts the volume back to where it was loaded.
+    void onToggleTransformReset();
+    /// Opens the crop box to the whole volume.
+    void onCropReset();
     /// Lets the user change spacing and axis orientation of the loaded volume.
     void onShowVolumeInfoDialog();
 
@@ -124,6 +143,8 @@ private:
     void updateVolumeTab(const SVolVizControls& record);
     void updateSliceTab(const SVolVizControls& record);
     void updateResultsTab(const SVolVizControls& record);
+    void rebuildUnitList(const SVolVizControls& record);
+    void showAsModified();
     void takeLightFromNode(CHVSSequenceDataset* sequence);
 
     void fillColorTables();
@@ -159,4 +180,5 @@ private:
     bool m_b3DCVSupported = true;
     QGridLayout* m_pSliceViewLayout = nullptr;
     int m_eManufacturer = 0;
+    std::array<float, 6> m_fUnitConversion{};  ///< as UnitRanges::conversion
 };

@@ -5,6 +5,7 @@
 #include "hvutils/CHVSPalettePixmapView.h"
 #include "plugin/WidgetSync.h"
 #include "plugin/logic/SourceLimits.h"
+#include "plugin/logic/UnitRanges.h"
 
 #include <QButtonGroup>
 
@@ -39,6 +40,7 @@ void CHVVolumeVizPalette::updatePaletteControls(SVolVizControls* record)
     if (!record) return;
     updateVolumeState(*record);
     updateResultsTab(*record);
+    rebuildUnitList(*record);
     updateSliceTab(*record);
     updateVolumeTab(*record);
 }
@@ -76,6 +78,21 @@ void CHVVolumeVizPalette::updateResultsTab(const SVolVizControls& record)
     m_pResultsTabControl->setResultModifiedFlag(loaded && record.bModified);
     m_pResultsTabControl->updateSavedResultsForSelSeqId(m_strSequenceID);
     m_strFileList = loaded ? record.fileList : QStringList();
+}
+
+/// The best unit on offer is the selected one.
+void CHVVolumeVizPalette::rebuildUnitList(const SVolVizControls& record)
+{
+    UnitFacts facts;
+    facts.volumeMin = record.dVolumeMin;
+    facts.volumeMax = record.dVolumeMax;
+    const UnitRanges ranges = unitRanges(facts);
+    if (m_pSequenceDataset) m_fUnitConversion = ranges.conversion;
+    quietly(m_pMinMaxUnitCB, [&](QComboBox& combo) {
+        combo.clear();
+        combo.addItems(ranges.units());
+        combo.setCurrentIndex(combo.count() - 1);
+    });
 }
 
 void CHVVolumeVizPalette::updateVolumeTab(const SVolVizControls& record)

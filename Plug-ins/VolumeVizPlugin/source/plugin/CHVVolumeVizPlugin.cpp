@@ -185,7 +185,10 @@ void CHVVolumeVizPlugin::onLoadResultsSignal(QString, QString resultName)
         m_pPalette->loadDicomResult(resultName);
 }
 
-void CHVVolumeVizPlugin::onSignalTransformObjectChanged(QString) {}
+void CHVVolumeVizPlugin::onSignalTransformObjectChanged(QString object)
+{
+    if (m_pPalette) m_pPalette->onTransformObjectChanged(object);
+}
 
 void CHVVolumeVizPlugin::onToolPalettePluginStatusModified(ETOOLPALETTE_PLUGIN_STATUS_MODIFIER modifier)
 {
@@ -195,6 +198,7 @@ void CHVVolumeVizPlugin::onToolPalettePluginStatusModified(ETOOLPALETTE_PLUGIN_S
     QWidget* page = view.page == PalettePage::Slice ? m_pPalette->sliceTab : m_pPalette->volumeTab;
     m_pPalette->VolumeVizTabWidget->setCurrentWidget(page);
     if (view.sliceOrientation >= 0) m_pPalette->m_pSliceOrientation->setCurrentIndex(view.sliceOrientation);
+    if (view.sliceAxis >= 0) m_pPalette->syncSliceSliderToScene(view.sliceAxis);
 }
 
 void CHVVolumeVizPlugin::onSignal3DViewChanged(bool)

@@ -32,3 +32,28 @@ void SceneRefresh::geometryChanged(C3DScene* scene)
     scene->createSliceDisplayLists();
     scene->refreshSliceViews();
 }
+
+void SceneRefresh::slicesChanged(C3DScene* scene, C3DObject* volume)
+{
+    if (!scene || !volume) return;
+    scene->refresh();
+    scene->setSliceDirty(volume, C3DScene::ALL_VIEWS, true);
+    scene->refreshSliceViews();
+}
+
+void SceneRefresh::cropReset(C3DScene* scene)
+{
+    if (!scene) return;
+    scene->updateTransformTool();
+    scene->updateCroppingTool();
+    scene->refresh();
+    scene->createSliceDisplayLists();
+    scene->refreshSliceViews();
+}
+
+void SceneRefresh::transformationReset(C3DScene* scene)
+{
+    if (!scene) return;
+    cropReset(scene);
+    scene->updateScene();
+}

@@ -1,5 +1,6 @@
 #pragma once
 
+class C3DObject;
 class C3DScene;
 class CHVSSequenceWindow;
 
@@ -12,5 +13,14 @@ void volumeLoaded(CHVSSequenceWindow* window);
 
 /// Spacing or axis orientation of the volume changed.
 void geometryChanged(C3DScene* scene);
+
+/// The volume was shown or hidden: what the slices show of it no longer agrees.
+void slicesChanged(C3DScene* scene, C3DObject* volume);
+
+/// The crop box was opened.
+void cropReset(C3DScene* scene);
+
+/// The volume was put back to its place.
+void transformationReset(C3DScene* scene);
 
 }  // namespace SceneRefresh

@@ -11,7 +11,8 @@ namespace {
 
 /// The controls that have their slots.
 constexpr const char* wiredControls[] = {
-    "m_pVolumeInfoDialogButton",
+    "m_pVolumeInfoDialogButton", "m_pVolumeButtonGroup", "m_pLODSlider",      "m_pResetLODButton",
+    "m_pTransformToolBtn",       "m_pTransformResetBtn", "m_pCroptoolButton", "m_pCropResetBtn",
 };
 
 bool isControl(const QWidget* widget)
