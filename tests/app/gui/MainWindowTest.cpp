@@ -18,6 +18,7 @@
 #include <QCloseEvent>
 #include <QComboBox>
 #include <QDropEvent>
+#include <QFile>
 #include <QLabel>
 #include <QMenu>
 #include <QMenuBar>
@@ -25,6 +26,7 @@
 #include <QSettings>
 #include <QStatusBar>
 #include <QTabWidget>
+#include <QTemporaryDir>
 #include <QTest>
 #include <QToolButton>
 #include <QTreeView>
@@ -281,6 +283,17 @@ TEST_F(MainWindowTest, RelativePathsAreMadeAbsolute)
     takeRecord();
     m_window->openVolume({"a.vox"});
     EXPECT_TRUE(takeRecord().last().startsWith("load " + QDir::currentPath() + "/a.vox"));
+}
+
+TEST_F(MainWindowTest, AFolderIsOpenedAsItsFilesByName)
+{
+    QTemporaryDir folder;
+    for (const char* name : {"b.tif", "a.tif"})
+        ASSERT_TRUE(QFile(folder.filePath(name)).open(QIODevice::WriteOnly));
+    takeRecord();
+    EXPECT_EQ(m_window->openVolume({folder.path()}), MainWindow::OpenResult::Loaded);
+    EXPECT_EQ(takeRecord().last(), QStringLiteral("load %1|%2 -1 -1 into 3D Scene 1")
+                                       .arg(folder.filePath("a.tif"), folder.filePath("b.tif")));
 }
 
 TEST_F(MainWindowTest, AFailedLoadIsNoRecentFile)
