@@ -2,6 +2,7 @@
 
 #include "hvapi/sequence/CHVSSequenceDataset.h"
 #include "lib/hvapi/sequence/SequenceRegistry.h"
+#include "lib/hvapi/windows/ClickPane.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -54,6 +55,8 @@ SequencePage::SequencePage(CHVSSequenceDataset* sequence, QWidget* parent)
     , m_clicks(selectableLabel("m_pSequenceClicks"))
     , m_volumeTitle(new QLabel)
     , m_files(new QListWidget)
+    , m_card(new QWidget)
+    , m_pane(new ClickPane)
 {
     QFont large = m_name->font();
     large.setPointSizeF(large.pointSizeF() * 1.6);
@@ -91,13 +94,13 @@ SequencePage::SequencePage(CHVSSequenceDataset* sequence, QWidget* parent)
     column->addWidget(openScene, 0, Qt::AlignLeft);
     column->addStretch(1);
 
-    auto* card = new QWidget;
-    card->setMaximumWidth(640);
-    card->setLayout(column);
+    m_card->setLayout(column);
 
     auto* page = new QHBoxLayout(this);
     page->setContentsMargins(28, 24, 28, 24);
-    page->addWidget(card, 1);
+    page->setSpacing(20);
+    page->addWidget(m_card, 1);
+    page->addWidget(m_pane, 2);
     page->addStretch(0);
     display(sequence);
 }
@@ -117,6 +120,8 @@ void SequencePage::display(CHVSSequenceDataset* sequence)
     m_volumeTitle->setText(files.isEmpty()     ? tr("No volume is loaded.")
                            : files.size() == 1 ? tr("Loaded volume: one file")
                                                : tr("Loaded volume: %1 files").arg(files.size()));
+    m_card->setMaximumWidth(description.clickNumbers.isEmpty() ? 640 : 300);
+    m_pane->display(sequence);
     m_files->clear();
     m_files->setVisible(!files.isEmpty());
     for (auto const& file : files) {

@@ -3,11 +3,12 @@
 #include <QWidget>
 
 class CHVSSequenceDataset;
+class ClickPane;
 class QLabel;
 class QListWidget;
 
-/// The tab "Sequence View" of a sequence whose pictures cannot be shown here: says what the sequence is,
-/// where it lies and which volume it holds.
+/// The tab "Sequence View" of a sequence: says what the sequence is, where it lies and which volume it holds,
+/// and shows the pictures of its clicks.
 class SequencePage : public QWidget
 {
     Q_OBJECT
@@ -28,4 +29,6 @@ private:
     QLabel* m_clicks;
     QLabel* m_volumeTitle;
     QListWidget* m_files;
+    QWidget* m_card;
+    ClickPane* m_pane;
 };
