@@ -13,12 +13,20 @@
 #include <QSlider>
 #include <QVBoxLayout>
 
+#include <cmath>
+
 namespace {
 
 constexpr int steps = 1000;
 constexpr int firstLow = 200;  // a fifth of the range hides the dark of the camera
 constexpr int barWidth = 18;
 constexpr int barRoom = 86;
+
+QString numberText(double value)
+{
+    bool const isCount = std::abs(value) >= 100.0 && std::abs(value) < 1e7;
+    return isCount ? QString::number(value, 'f', 0) : QString::number(value, 'g', 3);
+}
 
 double valueAt(QSlider const& slider, CILImage const& image)
 {
@@ -80,8 +88,7 @@ void ClickView::paintBar(QPainter& painter, QRect const& area)
         int const y = area.bottom() - i * (area.height() - 1) / marks;
         painter.drawLine(area.right() + 1, y, area.right() + 4, y);
         painter.drawText(QRect(area.right() + 7, y - 10, barRoom - barWidth - 14, 20),
-                         Qt::AlignLeft | Qt::AlignVCenter,
-                         QString::number(m_low + (m_high - m_low) * i / marks, 'g', 4));
+                         Qt::AlignLeft | Qt::AlignVCenter, numberText(m_low + (m_high - m_low) * i / marks));
     }
 }
 
