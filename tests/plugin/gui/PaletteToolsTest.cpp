@@ -7,7 +7,11 @@
 #include "hvapi/values/sCropBoxOffset.h"
 #include "hvapi/windows/CHVSSequenceWindow.h"
 #include "lib/hvapi/sequence/SequenceRegistry.h"
+#include "lib/hvapi/sequence/SequenceStore.h"
 #include "render/CGLVolume.h"
+#include "support/DiskSequence.h"
+
+#include <QTemporaryDir>
 
 #include <array>
 #include <cmath>
@@ -252,6 +256,18 @@ TEST_F(PaletteTools, WithoutANodeOnlyTheRecordChanges)
     palette->onCropReset();
     palette->syncSliceSliderToScene(2);
     EXPECT_TRUE(host.entries.isEmpty());
+}
+
+TEST_F(PaletteTools, UnitsGoByTheDescriptionOfTheSequence)
+{
+    const QTemporaryDir folder;
+    disk_sequence::make(folder.filePath("ct"), "CT", {});
+    tag_estatus status = eStatusFailed;
+    CHVSSequenceDataset* opened = SequenceStore::open(folder.filePath("ct"), status);
+    ASSERT_TRUE(opened);
+    plugin.onSignalSequenceChanged(opened);
+    EXPECT_EQ(palette->m_pMinMaxUnitCB->count(), 2);
+    EXPECT_EQ(palette->m_pMinMaxUnitCB->currentText(), QString("Absorption"));
 }
 
 TEST_F(PaletteTools, CountsAreTheUnitOnOffer)

@@ -2,12 +2,16 @@
 
 #include "hvapi/results/CHVSResultsTabControl.h"
 #include "hvapi/sequence/CHVSSequenceDataset.h"
+#include "hvparser/CPLSection.h"
+#include "hvparser/CPLSequenceInfo.h"
 #include "hvutils/CHVSPalettePixmapView.h"
 #include "plugin/WidgetSync.h"
 #include "plugin/logic/SourceLimits.h"
 #include "plugin/logic/UnitRanges.h"
 
 #include <QButtonGroup>
+
+#include <optional>
 
 namespace {
 
@@ -20,6 +24,13 @@ void enableAndCheck(QAbstractButton* button, bool enabled, bool checked)
 {
     enableControl(button, enabled);
     check(button, checked);
+}
+
+std::optional<float> numberOf(const CPLSection& section, const QString& key)
+{
+    float value = 0.0F;
+    if (section.getValue(key, &value) != 0) return std::nullopt;
+    return value;
 }
 
 void select(QComboBox* combo, int index)
@@ -86,6 +97,15 @@ void CHVVolumeVizPalette::rebuildUnitList(const SVolVizControls& record)
     UnitFacts facts;
     facts.volumeMin = record.dVolumeMin;
     facts.volumeMax = record.dVolumeMax;
+    CPLSequenceInfo* info = m_pSequenceDataset ? m_pSequenceDataset->getSequenceInfo() : nullptr;
+    const QString section = QStringLiteral("CT Acquisition Parameters");
+    if (info && info->isSectionPresent(section)) {
+        const CPLSection& acquisition = *(*info)[section];
+        facts.reconstructedMin = numberOf(acquisition, QStringLiteral("Reconstructed Volume Min"));
+        facts.reconstructedMax = numberOf(acquisition, QStringLiteral("Reconstructed Volume Max"));
+        facts.air = numberOf(acquisition, QStringLiteral("Hounsfield Calibration Air"));
+        facts.water = numberOf(acquisition, QStringLiteral("Hounsfield Calibration Water"));
+    }
     const UnitRanges ranges = unitRanges(facts);
     if (m_pSequenceDataset) m_fUnitConversion = ranges.conversion;
     quietly(m_pMinMaxUnitCB, [&](QComboBox& combo) {
