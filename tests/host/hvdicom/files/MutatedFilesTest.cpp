@@ -3,6 +3,7 @@
 #include "hvdicom/CHVDcmImage.h"
 #include "hvdicom/sortDICOMFileListByPosition.h"
 #include "hvimage/CILImage.h"
+#include "support/dicom/DicomMutations.h"
 
 #include <QElapsedTimer>
 #include <QFileInfo>
@@ -15,82 +16,9 @@ namespace {
 class MutatedFiles : public viz_test::DicomFiles, public testing::WithParamInterface<int>
 {
 protected:
-    static QByteArray original(int kind);
-    static QByteArray mutated(QByteArray bytes, std::mt19937& random);
     // Everything that a load or a browse asks of a file.
     void read(QString const& file);
 };
-
-constexpr int kinds = 16;
-
-QByteArray MutatedFiles::original(int kind)
-{
-    static constexpr char const* syntaxes[] = {
-        "1.2.840.10008.1.2",      "1.2.840.10008.1.2.1",    "1.2.840.10008.1.2.1.99",
-        "1.2.840.10008.1.2.2",    "1.2.840.10008.1.2.5",    "1.2.840.10008.1.2.4.50",
-        "1.2.840.10008.1.2.4.51", "1.2.840.10008.1.2.4.57", "1.2.840.10008.1.2.4.70",
-        "1.2.840.10008.1.2.4.80", "1.2.840.10008.1.2.4.81", "1.2.840.10008.1.2.4.90",
-        "1.2.840.10008.1.2.4.91"};
-    DicomBuilder builder;
-    std::vector<std::int64_t> samples(16 * 16 * 2, 7);
-    for (std::size_t i = 0; i < samples.size(); i += 5)
-        samples[i] = static_cast<std::int64_t>(i / 3);
-    builder.size(16, 16, 2)
-        .bits(16, 12)
-        .samples(samples)
-        .implementation("Halvane 1")
-        .set(0x0008, 0x0018, "1.2.3.4")  // lossy encoders make a new one up
-        .remove(0x0008, 0x2112);
-    if (kind < 13) {
-        if (kind == 5) builder.bits(8, 8);
-        return builder.transferSyntax(syntaxes[kind]).bytes();
-    }
-    if (kind == 13) return builder.bits(1, 1).bytes();
-    if (kind == 14) return builder.withoutHeader().bytes();
-    return builder.size(16, 16).bits(8, 8).photometric("RGB", 3).bytes();
-}
-
-QByteArray MutatedFiles::mutated(QByteArray bytes, std::mt19937& random)
-{
-    auto const below = [&random](int limit) {
-        return static_cast<int>(random() % static_cast<unsigned>(limit));
-    };
-    int const header = std::min(bytes.size(), 900);
-    int const rounds = 1 + below(3);
-    for (int i = 0; i < rounds && bytes.size() > 16; ++i) {
-        // what stands before the pixels is where a file says what to do
-        int const end = std::min(bytes.size(), below(3) == 0 ? bytes.size() : header);
-        int const at = below(end - 8);
-        switch (below(7)) {
-        case 0:
-            bytes[at] = static_cast<char>(below(256));
-            break;
-        case 1:
-            bytes[at] = static_cast<char>(bytes[at] ^ 1 << below(8));
-            break;
-        case 2: {
-            static constexpr unsigned extremes[] = {0U,          1U,          0xFFFFFFFFU, 0xFFFFFFFEU,
-                                                    0x7FFFFFFFU, 0x80000000U, 0xFFFFU};
-            unsigned const value = extremes[below(7)];
-            for (int byte = 0; byte < 4; ++byte)
-                bytes[at + byte] = static_cast<char>(value >> 8 * byte & 0xFFU);
-            break;
-        }
-        case 3:
-            bytes.truncate(at);
-            break;
-        case 4:
-            bytes.remove(at, 1 + below(40));
-            break;
-        case 5:
-            bytes.insert(at, bytes.mid(below(bytes.size()), 1 + below(60)));
-            break;
-        default:
-            bytes.replace(at, 2, "SQ");
-        }
-    }
-    return bytes;
-}
 
 void MutatedFiles::read(QString const& file)
 {
@@ -126,11 +54,11 @@ TEST_P(MutatedFiles, doNoHarm)
 {
     bool given = false;
     int const wanted = qEnvironmentVariableIntValue("VIZ_MUTATIONS", &given);
-    QByteArray const whole = original(GetParam());
+    QByteArray const whole = mutationSeed(GetParam());
     ASSERT_GT(whole.size(), 500);
     std::mt19937 random(static_cast<unsigned>(GetParam()));
     for (int i = 0; i < (given ? wanted : 150); ++i) {
-        QString const file = writeBytes(mutated(whole, random));
+        QString const file = writeBytes(mutatedDicom(whole, random));
         QElapsedTimer clock;
         clock.start();
         ASSERT_NO_FATAL_FAILURE(read(file)) << i;
@@ -138,4 +66,4 @@ TEST_P(MutatedFiles, doNoHarm)
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(ofEveryKind, MutatedFiles, testing::Range(0, kinds));
+INSTANTIATE_TEST_SUITE_P(ofEveryKind, MutatedFiles, testing::Range(0, mutationSeeds));
