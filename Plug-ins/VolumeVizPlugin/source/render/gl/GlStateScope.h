@@ -13,8 +13,8 @@ public:
     GlStateScope& operator=(const GlStateScope&) = delete;
 };
 
-/// Keeps the modelview matrix and the matrix mode for the life of the object, during which the modelview matrix
-/// is the current one.
+/// Keeps the modelview matrix and the matrix mode for the life of the object, during which the modelview
+/// matrix is the current one.
 class GlModelviewScope
 {
 public:
