@@ -6,6 +6,7 @@
 //                  library's calls that the reader makes, twice, and nothing else; at most 1.25
 //   check_ms       the memory check, which lets the graphics driver allocate a texture of the volume's size
 
+#include "support/ProcessMeter.h"
 #include "support/dicom/DicomBuilder.h"
 #include "volume/CVolumeDicom.h"
 #include "volume/CVolumeInfoDialog.h"
@@ -15,27 +16,16 @@
 #include <dcmtk/dcmdata/dcfilefo.h>
 #include <dcmtk/dcmimgle/dcmimage.h>
 
-#include <QApplication>
 #include <QFile>
-#include <QSurfaceFormat>
 #include <QTemporaryDir>
 
 #include <benchmark/benchmark.h>
-
-#include <ctime>
 
 namespace {
 
 constexpr unsigned side = 512;
 constexpr unsigned slices = 300;
 constexpr unsigned allFrames = 0xFFFFFFFF;
-
-double cpuSeconds()
-{
-    timespec now{};
-    clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &now);
-    return static_cast<double>(now.tv_sec) + static_cast<double>(now.tv_nsec) * 1e-9;
-}
 
 std::int64_t sample(unsigned x, unsigned y, unsigned slice)
 {
@@ -176,19 +166,3 @@ BENCHMARK(nativeFrames)
     ->Iterations(5);
 
 }  // namespace
-
-int main(int argc, char** argv)
-{
-    const QTemporaryDir home;
-    qputenv("HALVANE_HOME", home.path().toLocal8Bit());
-    QCoreApplication::setAttribute(Qt::AA_ShareOpenGLContexts);
-    QSurfaceFormat format;
-    format.setProfile(QSurfaceFormat::CompatibilityProfile);
-    QSurfaceFormat::setDefaultFormat(format);
-    const QApplication application(argc, argv);
-
-    benchmark::Initialize(&argc, argv);
-    if (benchmark::ReportUnrecognizedArguments(argc, argv)) return 1;
-    benchmark::RunSpecifiedBenchmarks();
-    return 0;
-}

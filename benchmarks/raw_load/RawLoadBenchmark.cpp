@@ -5,11 +5,11 @@
 //   peak_over_MB  highest resident memory during the passes, less the block and one frame; at most 30
 
 #include "Yardstick.h"
+#include "support/ProcessMeter.h"
 #include "volume/CVolumeRaw.h"
 
 #include <QApplication>
 #include <QFile>
-#include <QSurfaceFormat>
 #include <QTemporaryDir>
 #include <QTimer>
 
@@ -18,7 +18,6 @@
 #include <algorithm>
 #include <cstdint>
 #include <cstdio>
-#include <ctime>
 #include <string>
 #include <vector>
 
@@ -28,37 +27,6 @@ constexpr int side = 512;
 constexpr int frames = 300;
 constexpr std::size_t pixels = std::size_t{side} * side;
 constexpr double megabyte = 1024.0 * 1024.0;
-
-double cpuSeconds()
-{
-    timespec now{};
-    clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &now);
-    return static_cast<double>(now.tv_sec) + static_cast<double>(now.tv_nsec) * 1e-9;
-}
-
-// A line of /proc/self/status in megabytes.
-double memory(const char* key)
-{
-    QFile file(QStringLiteral("/proc/self/status"));
-    if (!file.open(QIODevice::ReadOnly)) return 0;
-    const QByteArray text = file.readAll();
-    const int at = text.indexOf(key);
-    return at < 0 ? 0
-                  : text.mid(at + static_cast<int>(qstrlen(key)), 32)
-                            .simplified()
-                            .split(' ')
-                            .first()
-                            .toDouble() /
-                        1024.0;
-}
-
-void forgetPeak()
-{
-    if (std::FILE* const file = std::fopen("/proc/self/clear_refs", "w")) {
-        std::fputs("5", file);
-        std::fclose(file);
-    }
-}
 
 struct TestFile
 {
@@ -155,19 +123,3 @@ BENCHMARK(limit)->Name("raw_load/limit")->UseManualTime()->Unit(benchmark::kMill
 BENCHMARK(rawReader)->Name("raw_load/reader")->UseManualTime()->Unit(benchmark::kMillisecond)->Iterations(20);
 
 }  // namespace
-
-int main(int argc, char** argv)
-{
-    const QTemporaryDir home;
-    qputenv("HALVANE_HOME", home.path().toLocal8Bit());
-    QCoreApplication::setAttribute(Qt::AA_ShareOpenGLContexts);
-    QSurfaceFormat format;
-    format.setProfile(QSurfaceFormat::CompatibilityProfile);
-    QSurfaceFormat::setDefaultFormat(format);
-    const QApplication application(argc, argv);
-
-    benchmark::Initialize(&argc, argv);
-    if (benchmark::ReportUnrecognizedArguments(argc, argv)) return 1;
-    benchmark::RunSpecifiedBenchmarks();
-    return 0;
-}

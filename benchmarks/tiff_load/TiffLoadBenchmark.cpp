@@ -9,12 +9,12 @@
 
 #include "Yardstick.h"
 #include "lib/hvutils/HostServices.h"
+#include "support/ProcessMeter.h"
 #include "volume/CVolumeTiff.h"
 
 #include <QApplication>
 #include <QCursor>
 #include <QFile>
-#include <QSurfaceFormat>
 #include <QTemporaryDir>
 #include <QTimer>
 
@@ -23,7 +23,6 @@
 #include <algorithm>
 #include <cstdint>
 #include <cstdio>
-#include <ctime>
 #include <limits>
 #include <vector>
 
@@ -36,33 +35,6 @@ constexpr unsigned frames = 300;
 constexpr std::size_t pixels = std::size_t{side} * side;
 constexpr double megabyte = 1024.0 * 1024.0;
 constexpr int iterations = 12;
-
-double cpuSeconds()
-{
-    timespec now{};
-    clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &now);
-    return static_cast<double>(now.tv_sec) + static_cast<double>(now.tv_nsec) * 1e-9;
-}
-
-// A line of /proc/self/status in megabytes.
-double memory(const char* key)
-{
-    QFile file(QStringLiteral("/proc/self/status"));
-    if (!file.open(QIODevice::ReadOnly)) return 0;
-    const QByteArray text = file.readAll();
-    const int at = text.indexOf(key);
-    if (at < 0) return 0;
-    const QByteArray number = text.mid(at + static_cast<int>(qstrlen(key)), 32).simplified();
-    return number.split(' ').first().toDouble() / 1024.0;
-}
-
-void forgetPeak()
-{
-    if (std::FILE* const file = std::fopen("/proc/self/clear_refs", "w")) {
-        std::fputs("5", file);
-        std::fclose(file);
-    }
-}
 
 // The volume as files on disk, in libtiff's own choice of strips.
 struct Files
@@ -254,19 +226,3 @@ TIFF_BENCHMARK(yardstick, pages_libtiff_decode, pageFile, decodeSeconds);
 TIFF_BENCHMARK(reader, pages_reader, pageFile);
 
 }  // namespace
-
-int main(int argc, char** argv)
-{
-    const QTemporaryDir home;
-    qputenv("HALVANE_HOME", home.path().toLocal8Bit());
-    QCoreApplication::setAttribute(Qt::AA_ShareOpenGLContexts);
-    QSurfaceFormat format;
-    format.setProfile(QSurfaceFormat::CompatibilityProfile);
-    QSurfaceFormat::setDefaultFormat(format);
-    const QApplication application(argc, argv);
-
-    benchmark::Initialize(&argc, argv);
-    if (benchmark::ReportUnrecognizedArguments(argc, argv)) return 1;
-    benchmark::RunSpecifiedBenchmarks();
-    return 0;
-}
