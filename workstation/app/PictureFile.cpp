@@ -41,7 +41,8 @@ bool write(const QImage& picture, const QString& path, QString& reason)
         return false;
     }
     QImageWriter writer(&file, formatOf(path));
-    writer.setQuality(95);
+    // for a format without loss the quality is the effort not made: 95 would leave it almost unpacked
+    if (writer.format() == "jpg" || writer.format() == "jpeg") writer.setQuality(95);
     // commit() alone does not notice a disk that fills up at the last moment
     if (!writer.write(picture) || !file.flush() || ::fsync(file.handle()) != 0) {
         const bool isFormat = writer.error() == QImageWriter::InvalidImageError;

@@ -2,6 +2,7 @@
 
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QImage>
 #include <QTemporaryDir>
 
@@ -37,6 +38,17 @@ TEST(PictureFile, WritesWhatItWasGiven)
     const QImage read(path);
     EXPECT_EQ(read.size(), QSize(20, 10));
     EXPECT_EQ(read.pixelColor(3, 3), QColor(Qt::red));
+}
+
+TEST(PictureFile, PicturesWithoutLossArePacked)
+{
+    const QTemporaryDir folder;
+    const QString path = folder.filePath("out.png");
+    QImage plain(400, 400, QImage::Format_RGB32);
+    plain.fill(Qt::darkBlue);
+    QString reason;
+    ASSERT_TRUE(PictureFile::write(plain, path, reason)) << reason.toStdString();
+    EXPECT_LT(QFileInfo(path).size(), 400 * 400 / 4);
 }
 
 TEST(PictureFile, AFolderThatIsNotThereIsAReason)
