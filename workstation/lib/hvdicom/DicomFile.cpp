@@ -65,6 +65,23 @@ bool beginsWithAttribute(std::array<unsigned char, 8> const& b)
     return little || big;
 }
 
+// Whether a table of tags can show the value: text and numbers that are short, and no bulk data.
+bool hasShortText(DcmElement& element)
+{
+    if (!element.isLeaf() || element.getLength() > longestTextInTable) return false;
+    if (element.isaString()) return true;
+    switch (element.ident()) {
+    case EVR_OB:
+    case EVR_OW:
+    case EVR_UN:
+    case EVR_PixelData:
+    case EVR_ox:
+        return false;
+    default:
+        return true;
+    }
+}
+
 }  // namespace
 
 bool isReadableFile(char const* path)
@@ -168,13 +185,7 @@ QMap<QString, SGroupElemInfo> DicomFile::elements() const
                     QStringLiteral("%1").arg(element->getETag(), 4, 16, QLatin1Char('0')).toUpper();
                 info.name = QString::fromLatin1(DcmTag(element->getTag()).getTagName());
                 OFString value;
-                if (element->isLeaf() && element->getLength() <= longestTextInTable && element->isaString())
-                    element->getOFStringArray(value);
-                else if (element->isLeaf() && element->getLength() <= longestTextInTable &&
-                         element->ident() != EVR_OB && element->ident() != EVR_OW &&
-                         element->ident() != EVR_UN && element->ident() != EVR_PixelData &&
-                         element->ident() != EVR_ox)
-                    element->getOFStringArray(value);
+                if (hasShortText(*element)) element->getOFStringArray(value);
                 info.value =
                     decodedText(QByteArray(value.data(), static_cast<int>(value.size())), characterSet);
                 map.insert(info.group + QStringLiteral(", ") + info.element, info);

@@ -99,7 +99,9 @@ CHVSSequenceDataset* SequenceRegistry::open(SequenceDescription const& descripti
     for (auto& click : contents.clicks) {
         for (auto const& dataset : data.datasets) {
             auto& member = CHVSDataset::Private::of(*dataset);
-            if (member.clickNumber == click.number) member.take(std::move(click));
+            if (member.clickNumber != click.number) continue;
+            member.take(std::move(click));
+            break;
         }
     }
     emit windowCreated(new CHVSSequenceWindow(sequence));
