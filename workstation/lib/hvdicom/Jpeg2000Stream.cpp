@@ -131,11 +131,11 @@ std::string decodeJpeg2000(std::uint8_t const* data, std::size_t size, Jpeg2000F
     bool const hasHeader = opj_read_header(stream.get(), codec.get(), &read) != OPJ_FALSE;
     std::unique_ptr<opj_image_t, decltype(&opj_image_destroy)> const image(read, &opj_image_destroy);
     if (!hasHeader || !image) return message;
-    std::string const before = disagreement(*image, frame, false);
+    std::string before = disagreement(*image, frame, false);
     if (!before.empty()) return before;
     if (!opj_decode(codec.get(), stream.get(), image.get()) || !opj_end_decompress(codec.get(), stream.get()))
         return message;
-    std::string const after = disagreement(*image, frame, true);
+    std::string after = disagreement(*image, frame, true);
     if (!after.empty()) return after;
 
     auto const count = static_cast<std::size_t>(frame.columns * frame.rows);
