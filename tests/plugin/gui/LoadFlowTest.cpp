@@ -237,6 +237,26 @@ TEST_F(LoadFlow, TheHostHearsInThisOrder)
                          {"files cleared", "voxels", "files told", "placed after the dump", "view changed"}));
 }
 
+TEST_F(LoadFlow, TheSceneEndsWithTheFocusAndWithoutTools)
+{
+    EXPECT_TRUE(loadGiven(writeRaw("a.raw")));
+    C3DScene* scene = sceneOf(sequence);
+    palette->setFocus();
+    scene->doMeasureVoxels(true);
+    EXPECT_TRUE(loadGiven(writeRaw("a.raw")));
+    EXPECT_EQ(scene->window()->focusWidget(), scene);
+    EXPECT_FALSE(scene->isMeasuring());
+}
+
+TEST_F(LoadFlow, AFolderOfThatNameIsReadAndFails)
+{
+    EXPECT_TRUE(QDir(files.path()).mkdir("scan.raw"));
+    EXPECT_FALSE(loadGiven(files.filePath("scan.raw")));
+    EXPECT_EQ(host.logged(16), QStringList("Unable to open the selected volume file."));
+    EXPECT_EQ(host.cursorDepth, 0);
+    EXPECT_EQ(nodeOf(sequence), nullptr);
+}
+
 TEST_F(LoadFlow, TheCursorIsGivenBack)
 {
     EXPECT_TRUE(loadGiven(writeRaw("a.raw")));

@@ -153,6 +153,46 @@ TEST_F(LoadKinds, ASingleSliceGetsTheThicknessThatItTells)
     EXPECT_NEAR(nodeOf(sequence)->getThickness().y, 3.5, 1e-5);
 }
 
+TEST_F(LoadKinds, AVolumeWithoutThicknessIsToldAndCountsAsModified)
+{
+    // Feet first takes the z of (1, 0, 1) back, so that the second slice comes to lie in the first one.
+    const DicomBuilder feetFirst = DicomBuilder().set(0x0018, 0x5100, "FFS");
+    const QStringList flat = writeDicomSeries(files.path(), feetFirst, 128, 64, 2, {0, 0, 0}, {1, 0, 1},
+                                              [](unsigned x, unsigned, unsigned) { return x; });
+    QSignalSpy failed(&plugin, &CHVToolPalettePluginBase::loadingFailed);
+    host.answers = {1024};
+    EXPECT_FALSE(load(flat));
+    ASSERT_EQ(host.asked.size(), 1);
+    EXPECT_EQ(host.asked.first().kind, HostQuestion::Error);
+    EXPECT_EQ(host.asked.first().parent, palette);
+    EXPECT_EQ(host.asked.first().text, textOf(66));
+    EXPECT_FALSE(record("S1").bVolumeLoaded);
+    EXPECT_TRUE(record("S1").bModified);
+    EXPECT_EQ(failed.count(), 0) << "the scan itself was read";
+    EXPECT_EQ(host.cursorDepth, 0);
+    EXPECT_FALSE(QFile::exists(dumpPath("S1")));
+}
+
+TEST_F(LoadKinds, AVolumeWithoutThicknessLeavesTheOldOneInPlace)
+{
+    const QStringList good = series(DicomBuilder());
+    EXPECT_TRUE(load(good));
+    const QByteArray voxels = readFile(dumpPath("S1"));
+    QTemporaryDir other;
+    const DicomBuilder feetFirst = DicomBuilder().set(0x0018, 0x5100, "FFS");
+    const QStringList flat = writeDicomSeries(other.path(), feetFirst, 128, 64, 2, {0, 0, 0}, {1, 0, 1},
+                                              [](unsigned x, unsigned, unsigned) { return x; });
+    host.answers = {1024};
+    EXPECT_FALSE(load(flat));
+    expectCounts(128, 3, 64);
+    EXPECT_TRUE(nodeOf(sequence)->isDisplayed());
+    EXPECT_EQ(readFile(dumpPath("S1")), voxels);
+    EXPECT_TRUE(record("S1").bVolumeLoaded);
+    QStringList loaded = record("S1").fileList;
+    loaded.sort();
+    EXPECT_EQ(loaded, good);
+}
+
 TEST_F(LoadKinds, ASeriesInWhichTheFirstFileIsNoVolumeIsRefused)
 {
     QStringList list = series(DicomBuilder());

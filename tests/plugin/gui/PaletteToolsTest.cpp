@@ -11,7 +11,9 @@
 #include "render/CGLVolume.h"
 #include "support/DiskSequence.h"
 
+#include <QSignalSpy>
 #include <QTemporaryDir>
+#include <QTest>
 
 #include <array>
 #include <cmath>
@@ -213,6 +215,22 @@ TEST_F(PaletteTools, TheResetPutsTheVolumeBack)
     EXPECT_TRUE(palette->m_pTransformResetBtn->isEnabled());
 }
 
+TEST_F(PaletteTools, AResetThatIsNotAllowedOnlyDrawsAnew)
+{
+    const_cast<SVolVizControls&>(record("S1")).bTransformResetEnabled = false;
+    node->setTransformation(shifted());
+    move()->click();
+    const_cast<SVolVizControls&>(record("S1")).bTransformResetEnabled = false;
+    scene->setSliceDirty(node, C3DScene::ALL_VIEWS, false);
+    QCoreApplication::processEvents();
+    QSignalSpy frames(scene, &QOpenGLWidget::frameSwapped);
+    palette->onToggleTransformReset();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return frames.count() > 0; }));
+    EXPECT_GT(shiftOf(node->getTransformation()), 0.0);
+    EXPECT_TRUE(move()->isChecked());
+    EXPECT_FALSE(record("S1").bFiducialEnabled);
+}
+
 TEST_F(PaletteTools, TheCropResetOpensTheBox)
 {
     Vec3f offsets[8];
@@ -268,6 +286,33 @@ TEST_F(PaletteTools, UnitsGoByTheDescriptionOfTheSequence)
     plugin.onSignalSequenceChanged(opened);
     EXPECT_EQ(palette->m_pMinMaxUnitCB->count(), 2);
     EXPECT_EQ(palette->m_pMinMaxUnitCB->currentText(), QString("Absorption"));
+}
+
+TEST_F(PaletteTools, ACalibratedSequenceHasHounsfieldUnits)
+{
+    const QTemporaryDir folder;
+    const QString file = disk_sequence::make(folder.filePath("ct"), "CT", {});
+    const auto openWith = [&](const QByteArray& calibration) {
+        const QByteArray info = disk_sequence::bytesOf(file);
+        const QByteArray mark = "Reconstructed Volume Max = 1.5\n";
+        EXPECT_TRUE(disk_sequence::put(file, QByteArray(info).replace(mark, mark + calibration)));
+        tag_estatus status = eStatusFailed;
+        CHVSSequenceDataset* opened = SequenceStore::open(folder.filePath("ct"), status);
+        EXPECT_TRUE(opened);
+        plugin.onSignalSequenceChanged(opened);
+        QStringList units;
+        for (int i = 0; i < palette->m_pMinMaxUnitCB->count(); ++i)
+            units << palette->m_pMinMaxUnitCB->itemText(i);
+        close(opened);
+        EXPECT_TRUE(disk_sequence::put(file, info));
+        return units;
+    };
+    EXPECT_EQ(openWith("Hounsfield Calibration Air = 0.01\nHounsfield Calibration Water = 0.3\n"),
+              QStringList({"Counts", "Absorption", "Hounsfield"}));
+    EXPECT_EQ(palette->m_pMinMaxUnitCB->currentText(), QString("Hounsfield"));
+    EXPECT_EQ(openWith("Hounsfield Calibration Air = 0.01\n"), QStringList({"Counts", "Absorption"}));
+    EXPECT_EQ(openWith("Hounsfield Calibration Air = 0.3\nHounsfield Calibration Water = 0.3\n"),
+              QStringList({"Counts", "Absorption"}));
 }
 
 TEST_F(PaletteTools, CountsAreTheUnitOnOffer)

@@ -89,4 +89,16 @@ TEST(UnitRanges, ValuesAreTakenWithSixDigits)
     EXPECT_FLOAT_EQ(asShown(0.123456789F).value(), 0.123457F);
     EXPECT_EQ(asShown(1234567.0F).value(), 1234570.0F);
     EXPECT_EQ(asShown(-12.5F).value(), -12.5F);
+
+    UnitFacts facts = calibrated();
+    facts.volumeMin = 0;
+    facts.reconstructedMin = 1234567.0F;
+    facts.reconstructedMax = 7654321.0F;
+    facts.air = 1000004.0F;
+    facts.water = 2000006.0F;
+    const UnitRanges ranges = unitRanges(facts);
+    EXPECT_EQ(ranges.conversion[2], 1234570.0F);
+    EXPECT_EQ(ranges.conversion[3], 7654320.0F);
+    // 1000 * (1234570 - 2000010) / (2000010 - 1000000)
+    EXPECT_NEAR(ranges.conversion[4], -765.4323, 1e-3);
 }

@@ -267,8 +267,10 @@ void VolumeLoad::showVolume()
 void VolumeLoad::markModified()
 {
     if (m_palette.m_bLoadFromFileList && !m_palette.m_bDroppedFiles) return;
-    if (m_palette.m_pResultsTabControl->getResultModifiedFlag()) return;
-    m_palette.currentRecord().bModified = true;
+    SVolVizControls* record = m_palette.target().record;
+    // A refused volume is told in a box, which keeps the events running.
+    if (!record || m_palette.m_pResultsTabControl->getResultModifiedFlag()) return;
+    record->bModified = true;
     m_palette.m_pResultsTabControl->setResultModifiedFlag(true);
     m_palette.m_pResultsTabControl->updateSavedResultsForSelSeqId(m_palette.m_strSequenceID);
 }

@@ -2,15 +2,6 @@
 
 #include <cmath>
 
-namespace {
-
-bool finite(float low, float high)
-{
-    return std::isfinite(low) && std::isfinite(high);
-}
-
-}  // namespace
-
 std::optional<float> asShown(float value)
 {
     bool ok = false;
@@ -18,6 +9,20 @@ std::optional<float> asShown(float value)
     if (!ok) return {};
     return shown;
 }
+
+namespace {
+
+bool finite(float low, float high)
+{
+    return std::isfinite(low) && std::isfinite(high);
+}
+
+std::optional<float> asShown(const std::optional<float>& value)
+{
+    return value ? ::asShown(*value) : std::nullopt;
+}
+
+}  // namespace
 
 QStringList UnitRanges::units() const
 {
@@ -33,10 +38,12 @@ UnitRanges unitRanges(const UnitFacts& facts)
     std::array<float, 6>& c = ranges.conversion;
     c[0] = static_cast<float>(facts.volumeMin);
     c[1] = static_cast<float>(facts.volumeMax);
-    if (!facts.reconstructedMin || !facts.reconstructedMax) return ranges;
+    const std::optional<float> reconstructedMin = asShown(facts.reconstructedMin);
+    const std::optional<float> reconstructedMax = asShown(facts.reconstructedMax);
+    if (!reconstructedMin || !reconstructedMax) return ranges;
 
-    const float a = *facts.reconstructedMin;
-    const float b = *facts.reconstructedMax;
+    const float a = *reconstructedMin;
+    const float b = *reconstructedMax;
     const float scale = b > a ? (b - a) / c[1] : 1.0F;
     const float low = a + c[0] * scale;
     const float high = a + c[1] * scale;
@@ -44,11 +51,13 @@ UnitRanges unitRanges(const UnitFacts& facts)
     ranges.hasAbsorption = true;
     c[2] = low;
     c[3] = high;
-    if (!facts.air || !facts.water) return ranges;
+    const std::optional<float> air = asShown(facts.air);
+    const std::optional<float> water = asShown(facts.water);
+    if (!air || !water) return ranges;
 
-    const float span = *facts.water - *facts.air;
-    const float lowHounsfield = 1000.0F * (low - *facts.water) / span;
-    const float highHounsfield = 1000.0F * (high - *facts.water) / span;
+    const float span = *water - *air;
+    const float lowHounsfield = 1000.0F * (low - *water) / span;
+    const float highHounsfield = 1000.0F * (high - *water) / span;
     if (!finite(lowHounsfield, highHounsfield)) return ranges;
     ranges.hasHounsfield = true;
     c[4] = lowHounsfield;

@@ -30,8 +30,8 @@ struct UnitRanges
     QStringList units() const;
 };
 
-/// "Absorption" takes both reconstructed values, "Hounsfield" air and water beside them. A unit whose range
-/// is not finite is not on offer.
+/// "Absorption" takes both reconstructed values, "Hounsfield" air and water beside them, all of them with the
+/// digits of asShown(). A unit whose range is not finite is not on offer.
 UnitRanges unitRanges(const UnitFacts& facts);
 
 /// A number with the digits that a text of six significant digits keeps; nothing when that is no number.
