@@ -1,6 +1,7 @@
 #include "lib/hvapi/scene/C3DSGManagerPrivate.h"
 
 #include "hvapi/scene/C3DView.h"
+#include "hvapi/scene/C3DVolume.h"
 #include "hvapi/scene/C3DVolumeData.h"
 #include "lib/hvapi/scene/GlContextScope.h"
 #include "lib/hvapi/scene/logic/VolumeSize.h"
@@ -15,6 +16,15 @@ C3DSGNode* findNode(C3DSGNode* node, const QString& name)
     for (QObject* child : node->children())
         if (auto* childNode = qobject_cast<C3DSGNode*>(child))
             if (C3DSGNode* found = findNode(childNode, name)) return found;
+    return nullptr;
+}
+
+C3DVolume* findOpticalVolume(C3DSGNode* node)
+{
+    if (!node) return nullptr;
+    if (auto* volume = dynamic_cast<C3DVolume*>(node)) return volume;
+    for (QObject* child : node->children())
+        if (C3DVolume* found = findOpticalVolume(qobject_cast<C3DSGNode*>(child))) return found;
     return nullptr;
 }
 
@@ -53,6 +63,11 @@ bool C3DSGManager::addChild(C3DSGNode* parent, C3DSGNode* child)
     if (getNode(child->getName())) return false;
     child->setParent(parent);
     return true;
+}
+
+C3DVolume* C3DSGManager::get3DVolume()
+{
+    return findOpticalVolume(d->root);
 }
 
 QString C3DSGManager::getTransformedObjectName()

@@ -1,5 +1,6 @@
 #include "lib/hvapi/scene/C3DViewPrivate.h"
 
+#include "hvapi/scene/C3DVolume.h"
 #include "hvapi/scene/C3DVolumeData.h"
 #include "lib/hvapi/scene/BoxOutline.h"
 #include "lib/hvapi/scene/C3DSGManagerPrivate.h"
@@ -7,6 +8,7 @@
 
 #include <QOpenGLContext>
 #include <QOpenGLFunctions>
+#include <algorithm>
 
 using hvscene::AttributeScope;
 using hvscene::MatrixScope;
@@ -53,6 +55,9 @@ void C3DView::Private::paintScene()
 {
     std::vector<C3DObject*> objects;
     if (manager) objects = manager->hostSide().renderables();
+    // Optical volumes compare with the depths that all others have left.
+    std::stable_partition(objects.begin(), objects.end(),
+                          [](C3DObject* object) { return !dynamic_cast<C3DVolume*>(object); });
     const hvscene::Vec3 towardsViewer = camera.back();
     const float lineWidth = static_cast<float>(q.devicePixelRatioF());
     const auto outlines = [&](hvscene::BoxEdges edges) {
