@@ -21,7 +21,8 @@ public:
     double Min() const;
     double Max() const;
 
-    // Copies the values to `out` as values of the given type. `out` has room for all of them.
+    // Copies the values to `out` as values of the given type; integer types take the nearest value that they
+    // can hold. `out` has room for all of them. False for null, an unknown type and without values.
     bool getData(HVSDataTypes type, void* out) const;
 
     // Position, counted in values, at which the row reaches `level` for the first time, interpolated linearly

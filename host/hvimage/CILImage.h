@@ -55,7 +55,10 @@ public:
 
     // --- samples ---
 
-    // Makes the image from width x height samples, which are copied. False as for InitWithType, and for null.
+    // Makes the image from width x height samples. They are not copied until something writes to the image
+    // (the get_data() that can be written through included): until then `data` stays the caller's and has to
+    // outlive the image's use of it. Copies of the image have samples of their own. Samples that lie in this
+    // image are copied at once. False as for InitWithType, and for null.
     bool initWithData(HVSDataTypes type, long width, long height, void* data);
 
     // Converts the samples to another type; values are rounded to the nearest value that the type can hold.
@@ -92,7 +95,9 @@ public:
     double Min();
     double Max();
 
-    // Counts the samples into a histogram whose range and number of bins were set before.
+    // Counts the samples into a histogram whose range and number of bins were set before. Samples outside the
+    // range and such that are no numbers are not counted. False for an empty image, a range that is reversed
+    // or not finite, and a lack of memory; the histogram then stays as it was.
     bool Histogram(CILHistogram& histogram);
 
     // --- display ---

@@ -23,8 +23,10 @@ public:
     long get_width() const;
     long get_height() const;
 
-    // The samples, width x height of get_datatype(), on a 64-byte boundary; null for an empty image. Valid
-    // until the next operation that changes size, type or contents as a whole.
+    // The samples, width x height of get_datatype(), on a 64-byte boundary unless they are the caller's own
+    // (CILImage::initWithData); null for an empty image. Valid until the next operation that changes size,
+    // type or contents as a whole. The first form makes samples of the caller the image's own, and is null
+    // when memory does not suffice for that.
     void* get_data();
     void const* get_data() const;
 

@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <cstring>
 #include <limits>
+#include <utility>
 #include <vector>
 
 namespace {
@@ -21,6 +22,7 @@ CILImage imageOf(HVSDataTypes type, long width, long height, std::vector<T> samp
 {
     CILImage image;
     EXPECT_TRUE(image.initWithData(type, width, height, samples.data()));
+    EXPECT_NE(image.get_data(), nullptr);  // its own samples from here on
     return image;
 }
 
@@ -156,6 +158,44 @@ TEST(CILImage, InitWithDataTakesACopyAlsoOfItsOwnSamples)
     ASSERT_TRUE(image.initWithData(eTypeUInt16, 1, 1, image.get_data()));
     EXPECT_EQ(image.get_datatype(), eTypeUInt16);
     EXPECT_EQ(samplesOf<std::uint16_t>(image), (Words{0x0403}));
+}
+
+TEST(CILImage, InitWithDataBorrowsUntilTheImageIsWrittenTo)
+{
+    Bytes samples = {1, 2, 3, 4};
+    CILImage image;
+    ASSERT_TRUE(image.initWithData(eTypeUInt8, 4, 1, samples.data()));
+    EXPECT_EQ(std::as_const(image).get_data(), samples.data());
+    samples[0] = 9;
+    image.RefreshImageStats();
+    EXPECT_EQ(image.getMax(), 9.0);
+
+    CILImage const copy(image);
+    EXPECT_NE(copy.get_data(), samples.data());
+    EXPECT_EQ(samplesOf<std::uint8_t>(copy), (Bytes{9, 2, 3, 4}));
+
+    image.Mirror();
+    EXPECT_EQ(samples, (Bytes{9, 2, 3, 4}));
+    EXPECT_NE(std::as_const(image).get_data(), samples.data());
+    EXPECT_EQ(samplesOf<std::uint8_t>(image), (Bytes{4, 3, 2, 9}));
+}
+
+TEST(CILImage, OperationsThatMakeNewSamplesLeaveBorrowedOnesAlone)
+{
+    Bytes samples = {1, 3, 5, 7};
+    Bytes const others = {8, 8, 8, 8};
+    CILImage image;
+    ASSERT_TRUE(image.initWithData(eTypeUInt8, 4, 1, samples.data()));
+    ASSERT_TRUE(image.setImageData(others.data()));
+    ASSERT_TRUE(image.initWithData(eTypeUInt8, 4, 1, samples.data()));
+    ASSERT_TRUE(image.InitWithType(eTypeUInt8, 4, 1));
+    ASSERT_TRUE(image.initWithData(eTypeUInt8, 4, 1, samples.data()));
+    ASSERT_TRUE(image.downSample(2, 1, eResampleAreaAverage));
+    EXPECT_EQ(samplesOf<std::uint8_t>(image), (Bytes{2, 6}));
+    ASSERT_TRUE(image.initWithData(eTypeUInt8, 4, 1, samples.data()));
+    ASSERT_TRUE(image.resize(5, 1, 9.0));
+    EXPECT_EQ(samplesOf<std::uint8_t>(image), (Bytes{1, 3, 5, 7, 9}));
+    EXPECT_EQ(samples, (Bytes{1, 3, 5, 7}));
 }
 
 TEST(CILImage, StatisticsAreMeasuredWhenAsked)

@@ -1,19 +1,12 @@
 #include "hvimage/CIL1DData.h"
 
-#include "SampleBuffer.h"
+#include "CIL1DDataPrivate.h"
 #include "logic/SampleRange.h"
 #include "logic/SampleTypes.h"
 
 #include <cstring>
+#include <type_traits>
 #include <utility>
-
-class CIL1DData::Private
-{
-public:
-    HVSDataTypes type = eTypeNone;
-    std::size_t count = 0;
-    SampleBuffer values;
-};
 
 CIL1DData::CIL1DData()
     : d(std::make_unique<Private>())
@@ -44,4 +37,22 @@ double CIL1DData::Min() const
 double CIL1DData::Max() const
 {
     return hvimage::sampleRange(d->type, d->values.data(), d->count).highest;
+}
+
+bool CIL1DData::getData(HVSDataTypes type, void* out) const
+{
+    if (!out || d->count == 0) return false;
+    if (type == d->type) {
+        std::memcpy(out, d->values.data(), d->values.size());
+        return true;
+    }
+    return hvimage::withSampleType(type, [&](auto const* to) {
+        using To = std::decay_t<decltype(*to)>;
+        hvimage::withSampleType(d->type, [&](auto const* from) {
+            using From = std::decay_t<decltype(*from)>;
+            auto const* const values = static_cast<From const*>(d->values.data());
+            for (std::size_t i = 0; i < d->count; ++i)
+                static_cast<To*>(out)[i] = hvimage::toSample<To>(static_cast<double>(values[i]));
+        });
+    });
 }

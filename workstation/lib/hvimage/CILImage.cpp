@@ -1,13 +1,19 @@
 #include "hvimage/CILImage.h"
 
+#include "CIL1DDataPrivate.h"
 #include "CILImageBasePrivate.h"
 #include "CILImagePrivate.h"
+#include "hvimage/CILHistogram.h"
 #include "logic/AreaAverage.h"
+#include "logic/SampleCounts.h"
 #include "logic/SampleTypes.h"
 
+#include <cmath>
 #include <cstring>
 #include <limits>
+#include <new>
 #include <utility>
+#include <vector>
 
 CILImage::CILImage()
     : m_image(std::make_unique<ImagePrivate>())
@@ -31,14 +37,14 @@ bool CILImage::initWithData(HVSDataTypes type, long width, long height, void* da
 {
     std::uint64_t bytes = 0;
     if (!data || !hvimage::requiredBytes(type, width, height, bytes)) return false;
-    if (!d->isEmpty() && d->samples.size() == bytes) {
-        std::memmove(d->samples.data(), data, bytes);
-    } else {
-        // `data` may lie in the present samples: these go only after the copy.
+    // Part of the image's own samples cannot be borrowed: they go with what holds them.
+    if (d->owns(data)) {
         SampleBuffer samples;
         if (!samples.allocate(bytes)) return false;
         std::memcpy(samples.data(), data, bytes);
-        d->samples = std::move(samples);
+        d->take(std::move(samples));
+    } else {
+        d->borrow(data, bytes);
     }
     d->type = type;
     d->width = width;
@@ -58,9 +64,9 @@ bool CILImage::downSample(int width, int height, IL_RESAMPLEMODES mode)
     if (width == d->width && height == d->height) return true;
     SampleBuffer samples;
     if (!samples.allocate(bytes) ||
-        !hvimage::areaAverage(d->type, d->samples.data(), d->width, d->height, samples.data(), width, height))
+        !hvimage::areaAverage(d->type, d->data(), d->width, d->height, samples.data(), width, height))
         return false;
-    d->samples = std::move(samples);
+    d->take(std::move(samples));
     d->width = width;
     d->height = height;
     return true;
@@ -69,7 +75,7 @@ bool CILImage::downSample(int width, int height, IL_RESAMPLEMODES mode)
 void CILImage::RefreshImageStats()
 {
     std::size_t const count = static_cast<std::size_t>(d->width) * static_cast<std::size_t>(d->height);
-    m_image->range = hvimage::sampleRange(d->type, d->samples.data(), count);
+    m_image->range = hvimage::sampleRange(d->type, d->data(), count);
 }
 
 double CILImage::getMin() const
@@ -80,4 +86,20 @@ double CILImage::getMin() const
 double CILImage::getMax() const
 {
     return m_image->range.highest;
+}
+
+bool CILImage::Histogram(CILHistogram& histogram)
+{
+    auto const& wanted = *histogram.d;
+    if (d->isEmpty() || !std::isfinite(wanted.imageMin) || !std::isfinite(wanted.imageMax) ||
+        wanted.imageMin > wanted.imageMax)
+        return false;
+    std::size_t const count = static_cast<std::size_t>(d->width) * static_cast<std::size_t>(d->height);
+    try {
+        std::vector<double> const bins =
+            hvimage::countInBins(d->type, d->data(), count, wanted.imageMin, wanted.imageMax, wanted.bins);
+        return histogram.initWithArray(bins.data(), static_cast<long>(bins.size()), eTypeDouble);
+    } catch (std::bad_alloc const&) {
+        return false;
+    }
 }

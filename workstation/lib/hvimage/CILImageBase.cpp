@@ -24,9 +24,11 @@ CILImageBase& CILImageBase::operator=(CILImageBase const& other)
         *d = Private();
         return *this;
     }
+    SampleBuffer samples;
+    if (!samples.allocate(other.d->bytes())) return *this;
+    std::memcpy(samples.data(), other.d->data(), other.d->bytes());
     Private copy;
-    if (!copy.samples.allocate(other.d->samples.size())) return *this;
-    std::memcpy(copy.samples.data(), other.d->samples.data(), other.d->samples.size());
+    copy.take(std::move(samples));
     copy.type = other.d->type;
     copy.width = other.d->width;
     copy.height = other.d->height;
@@ -63,22 +65,25 @@ long CILImageBase::get_height() const
 
 void* CILImageBase::get_data()
 {
-    return d->samples.data();
+    return d->writable();
 }
 
 void const* CILImageBase::get_data() const
 {
-    return d->samples.data();
+    return d->data();
 }
 
 bool CILImageBase::InitWithType(HVSDataTypes type, long width, long height)
 {
     std::uint64_t bytes = 0;
     if (!hvimage::requiredBytes(type, width, height, bytes)) return false;
-    if (!d->isEmpty() && d->samples.size() == bytes)
-        std::memset(d->samples.data(), 0, bytes);
-    else if (!d->samples.allocate(bytes))
-        return false;
+    if (!d->isEmpty() && !d->isBorrowed() && d->bytes() == bytes) {
+        std::memset(d->writable(), 0, bytes);
+    } else {
+        SampleBuffer samples;
+        if (!samples.allocate(bytes)) return false;
+        d->take(std::move(samples));
+    }
     d->type = type;
     d->width = width;
     d->height = height;
@@ -88,7 +93,9 @@ bool CILImageBase::InitWithType(HVSDataTypes type, long width, long height)
 bool CILImageBase::setImageData(void const* data)
 {
     if (!data || d->isEmpty()) return false;
-    std::memmove(d->samples.data(), data, d->samples.size());
+    void* const samples = d->writable();
+    if (!samples) return false;
+    std::memmove(samples, data, d->bytes());
     return true;
 }
 
@@ -102,16 +109,13 @@ bool CILImageBase::resize(long width, long height, double value)
     std::uint64_t bytes = 0;
     if (d->isEmpty() || !hvimage::requiredBytes(d->type, width, height, bytes)) return false;
     if (width == d->width && height == d->height) return true;
-    Private resized;
-    if (!resized.samples.allocate(bytes)) return false;
-    resized.type = d->type;
-    resized.width = width;
-    resized.height = height;
+    SampleBuffer samples;
+    if (!samples.allocate(bytes)) return false;
     hvimage::withSampleType(d->type, [&](auto const* tag) {
         using T = std::decay_t<decltype(*tag)>;
         T const fill = hvimage::toSample<T>(value);
-        T* const target = static_cast<T*>(resized.samples.data());
-        T const* const source = static_cast<T const*>(d->samples.data());
+        T* const target = static_cast<T*>(samples.data());
+        T const* const source = static_cast<T const*>(d->data());
         long const keptColumns = std::min(width, d->width);
         long const keptRows = std::min(height, d->height);
         for (long y = 0; y < keptRows; ++y) {
@@ -120,7 +124,9 @@ bool CILImageBase::resize(long width, long height, double value)
         }
         std::fill(target + keptRows * width, target + height * width, fill);
     });
-    *d = std::move(resized);
+    d->take(std::move(samples));
+    d->width = width;
+    d->height = height;
     return true;
 }
 

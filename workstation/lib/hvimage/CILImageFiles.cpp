@@ -24,7 +24,7 @@ bool CILImage::LoadFromTIFFFile(char const* path, int frame)
 void const* CILImage::getFrameData(int frame)
 {
     if (m_image->path.isEmpty()) return nullptr;
-    return readPage(frame) ? d->samples.data() : nullptr;
+    return readPage(frame) ? d->data() : nullptr;
 }
 
 bool CILImage::readPage(int number)
@@ -37,9 +37,10 @@ bool CILImage::readPage(int number)
     long const width = image.page.width;
     long const height = image.page.height;
     // The memory of a page of the same kind is used again as it is.
-    bool const fits = !d->isEmpty() && d->type == type && d->width == width && d->height == height;
+    bool const fits =
+        !d->isEmpty() && !d->isBorrowed() && d->type == type && d->width == width && d->height == height;
     bool const good = type != eTypeNone && (fits || InitWithType(type, width, height)) &&
-                      reader.decode(image.page, type, d->samples.data());
+                      reader.decode(image.page, type, d->writable());
     // Half a picture is none.
     if (!good) *d = Private();
     RefreshImageStats();

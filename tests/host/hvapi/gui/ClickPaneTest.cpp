@@ -28,6 +28,7 @@ CILImage imageOf(std::vector<unsigned char> values, long width, long height)
 {
     CILImage image;
     EXPECT_TRUE(image.initWithData(eTypeUInt8, width, height, values.data()));
+    EXPECT_NE(image.get_data(), nullptr);  // its own samples from here on
     image.RefreshImageStats();
     return image;
 }
