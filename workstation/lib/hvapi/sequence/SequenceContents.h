@@ -3,11 +3,13 @@
 #include "hvapi/values/tag_eimagetype.h"
 #include "hvparser/CPLClickInfo.h"
 #include "hvparser/CPLSequenceInfo.h"
+#include "lib/hvapi/scene/logic/OpticalVoxels.h"
 
 #include <QMap>
 #include <QString>
 
 #include <memory>
+#include <optional>
 #include <vector>
 
 /// A click as it lies on disk.
@@ -24,4 +26,5 @@ struct SequenceContents
 {
     std::unique_ptr<CPLSequenceInfo> info;
     std::vector<ClickContents> clicks;  ///< in order of acquisition
+    std::optional<hvscene::OpticalVoxels> optical;
 };

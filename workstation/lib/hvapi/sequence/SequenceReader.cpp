@@ -2,6 +2,7 @@
 
 #include "hvutils/CHVSLog.h"
 #include "lib/hvapi/sequence/DatasetIndex.h"
+#include "lib/hvapi/sequence/OpticalVoxelFile.h"
 #include "lib/hvapi/sequence/SequenceRegistry.h"
 #include "lib/hvparser/KeyedFile.h"
 
@@ -150,6 +151,7 @@ bool readSequence(QString const& path, SequenceDescription& description, Sequenc
         if (!description.id.isEmpty()) break;
     }
     readClicks(file, folder, contents);
+    contents.optical = readOpticalVoxels(folder);
     for (auto const& click : contents.clicks)
         description.clickNumbers << click.number;
     return true;

@@ -4,6 +4,7 @@
 #include "lib/hvapi/scene/C3DSGManagerPrivate.h"
 #include "lib/hvapi/sequence/CtCalibration.h"
 #include "lib/hvapi/sequence/DatasetIndex.h"
+#include "lib/hvapi/sequence/OpticalVoxelFile.h"
 #include "lib/hvapi/sequence/SequenceData.h"
 #include "lib/hvapi/windows/SequenceWindowData.h"
 
@@ -104,6 +105,7 @@ CHVSSequenceDataset* SequenceRegistry::open(SequenceDescription const& descripti
             break;
         }
     }
+    addOpticalVolume(data.graph, std::move(contents.optical));
     emit windowCreated(new CHVSSequenceWindow(sequence));
     emit sequenceAdded(sequence);
     return sequence;
