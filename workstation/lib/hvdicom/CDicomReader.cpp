@@ -84,6 +84,11 @@ double CDicomReader::getSliceSpacing() const
     return spacing ? *spacing : d->file.number(DCM_SliceThickness).value_or(0.0);
 }
 
+double CDicomReader::getSliceThickness() const
+{
+    return d->file.number(DCM_SliceThickness).value_or(0.0);
+}
+
 double CDicomReader::getSlicePosition() const
 {
     return d->file.number(DCM_SliceLocation).value_or(0.0);
@@ -104,6 +109,16 @@ bool CDicomReader::getSliceLocation(double& x, double& y, double& z) const
 QString CDicomReader::getPatientPosition() const
 {
     return d->file.string(DCM_PatientPosition);
+}
+
+QString CDicomReader::getModalityName() const
+{
+    return d->file.string(DCM_Modality);
+}
+
+QString CDicomReader::getPhotometricInterpretation() const
+{
+    return d->file.string(DCM_PhotometricInterpretation);
 }
 
 QString CDicomReader::getImplementationVersionName() const

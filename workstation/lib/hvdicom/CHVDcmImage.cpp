@@ -86,3 +86,22 @@ QMap<QString, SGroupElemInfo> CHVDcmImage::getGroupElementInfo() const
 {
     return d->file.elements();
 }
+
+int CHVDcmImage::getPhotometricInterpretation() const
+{
+    return d->file.photometricInterpretation();
+}
+
+QString CHVDcmImage::getTagValue(QString group, QString element) const
+{
+    bool isGroup = false;
+    bool isElement = false;
+    DcmTagKey const tag(group.toUShort(&isGroup, 16), element.toUShort(&isElement, 16));
+    return isGroup && isElement ? d->file.values(tag) : QString();
+}
+
+QList<QMap<QString, SGroupElemInfo>> CHVDcmImage::getHeaderTagSequence(unsigned short group,
+                                                                       unsigned short element) const
+{
+    return d->file.items(DcmTagKey(group, element));
+}

@@ -12,6 +12,7 @@
 #include <dcmtk/dcmdata/dcpixel.h>
 #include <dcmtk/dcmdata/dcpixseq.h>
 #include <dcmtk/dcmdata/dcpxitem.h>
+#include <dcmtk/dcmdata/dcsequen.h>
 #include <dcmtk/dcmimgle/diutils.h>
 
 #include <algorithm>
@@ -79,6 +80,31 @@ bool hasShortText(DcmElement& element)
         return false;
     default:
         return true;
+    }
+}
+
+QString valueOf(DcmElement& element, QByteArray const& characterSet)
+{
+    OFString value;
+    if (hasShortText(element)) element.getOFStringArray(value);
+    return decodedText(QByteArray(value.data(), static_cast<int>(value.size())), characterSet);
+}
+
+void addElements(DcmItem& item, QByteArray const& characterSet, QMap<QString, SGroupElemInfo>& map)
+{
+    try {
+        for (unsigned long i = 0; i < item.card(); ++i) {
+            DcmElement* const element = item.getElement(i);
+            if (!element) continue;
+            SGroupElemInfo info;
+            info.group = QStringLiteral("%1").arg(element->getGTag(), 4, 16, QLatin1Char('0')).toUpper();
+            info.element = QStringLiteral("%1").arg(element->getETag(), 4, 16, QLatin1Char('0')).toUpper();
+            info.name = QString::fromLatin1(DcmTag(element->getTag()).getTagName());
+            info.value = valueOf(*element, characterSet);
+            map.insert(info.group + QStringLiteral(", ") + info.element, info);
+        }
+    } catch (std::exception const&) {
+        // What has been read so far is as good as it was.
     }
 }
 
@@ -173,27 +199,32 @@ QMap<QString, SGroupElemInfo> DicomFile::elements() const
     QMap<QString, SGroupElemInfo> map;
     if (!m_file) return map;
     QByteArray const characterSet = text(DCM_SpecificCharacterSet);
-    try {
-        for (DcmItem* const item :
-             {static_cast<DcmItem*>(m_file->getMetaInfo()), static_cast<DcmItem*>(m_file->getDataset())})
-            for (unsigned long i = 0; i < item->card(); ++i) {
-                DcmElement* const element = item->getElement(i);
-                if (!element) continue;
-                SGroupElemInfo info;
-                info.group = QStringLiteral("%1").arg(element->getGTag(), 4, 16, QLatin1Char('0')).toUpper();
-                info.element =
-                    QStringLiteral("%1").arg(element->getETag(), 4, 16, QLatin1Char('0')).toUpper();
-                info.name = QString::fromLatin1(DcmTag(element->getTag()).getTagName());
-                OFString value;
-                if (hasShortText(*element)) element->getOFStringArray(value);
-                info.value =
-                    decodedText(QByteArray(value.data(), static_cast<int>(value.size())), characterSet);
-                map.insert(info.group + QStringLiteral(", ") + info.element, info);
-            }
-    } catch (std::exception const&) {
-        // What has been read so far is as good as it was.
-    }
+    addElements(*m_file->getMetaInfo(), characterSet, map);
+    addElements(*m_file->getDataset(), characterSet, map);
     return map;
+}
+
+QList<QMap<QString, SGroupElemInfo>> DicomFile::items(DcmTagKey const& sequence) const
+{
+    QList<QMap<QString, SGroupElemInfo>> maps;
+    DcmSequenceOfItems* found = nullptr;
+    if (!m_file || m_file->getDataset()->findAndGetSequence(sequence, found).bad() || !found) return maps;
+    QByteArray const characterSet = text(DCM_SpecificCharacterSet);
+    for (unsigned long i = 0; i < found->card(); ++i) {
+        maps.append(QMap<QString, SGroupElemInfo>());
+        if (DcmItem* const item = found->getItem(i)) addElements(*item, characterSet, maps.last());
+    }
+    return maps;
+}
+
+QString DicomFile::values(DcmTagKey const& tag) const
+{
+    if (!m_file) return {};
+    auto* const item = tag.getGroup() == 0x0002 ? static_cast<DcmItem*>(m_file->getMetaInfo())
+                                                : static_cast<DcmItem*>(m_file->getDataset());
+    DcmElement* element = nullptr;
+    if (item->findAndGetElement(tag, element).bad() || !element) return {};
+    return valueOf(*element, text(DCM_SpecificCharacterSet)).trimmed();
 }
 
 void DicomFile::readLayout()

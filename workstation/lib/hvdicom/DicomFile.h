@@ -10,6 +10,7 @@
 #include <dcmtk/dcmdata/dcfilefo.h>
 
 #include <QByteArray>
+#include <QList>
 #include <QMap>
 #include <QString>
 #include <memory>
@@ -49,6 +50,10 @@ public:
     // All attributes of the first level and of the file's own header, under "gggg, eeee". Values of sequences
     // and of long binary attributes are empty.
     QMap<QString, SGroupElemInfo> elements() const;
+    // The same of each item of a sequence; none where the attribute is absent or no sequence.
+    QList<QMap<QString, SGroupElemInfo>> items(DcmTagKey const& sequence) const;
+    // All values of an attribute, parted by "\\"; group 0002 stands in the file's own header.
+    QString values(DcmTagKey const& tag) const;
 
     // What the file declares about its pixels; all zero where there are none.
     PixelLayout const& layout() const { return m_layout; }
