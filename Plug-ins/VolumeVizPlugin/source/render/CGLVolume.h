@@ -109,6 +109,10 @@ public slots:
     void renderThickSlice(int axis, double position, double thickness, GLenum eRenderingMode, bool bLighting);
     /// Takes the box and the axis orientation of the base class.
     void recalculateGeometry();
+    /// For a view of slices, before its first: builds the programs when they are due, and gives the volume
+    /// program, which draws the slabs, the shading parameters that otherwise the last volume pass has left in
+    /// it. Draws nothing.
+    void prepareForSlices();
 
 public:
     /// New voxels: they will be sent to the texture, the crop is cleared, the slice bar is 0 to 100.
@@ -156,6 +160,7 @@ private:
     bool m_bFilterDenoiseGradient = false;
     bool m_bRenderInBestPerformance = false;
     bool m_bSliceProgramAdded = false;  ///< the slice program is compiled once only
+    bool m_bVolumeUniformsSet = false;  ///< the volume program knows all its parameters
     float m_fDefaultThresholdFactor = 3.0F;
     float m_fQualityRenderingThreshold;  ///< seconds
     float m_fPreRenderVoxelRatio = 1.0F / 30.0F;

@@ -136,6 +136,18 @@ void CGLVolume::renderVolume()
     m_volumeProgram.deactivate();
 }
 
+void CGLVolume::prepareForSlices()
+{
+    renderNode(GL_SELECT);
+    if (!m_bShadersReady || m_bVolumeUniformsSet) return;
+    const GlStateScope state(GL_LIGHTING_BIT);
+    double modelview[16];
+    glGetDoublev(GL_MODELVIEW_MATRIX, modelview);
+    m_volumeProgram.activate();
+    setVolumeUniforms(viewDirection(modelview), sliceInterval(getThickness(), m_nSliceDensity));
+    m_volumeProgram.deactivate();
+}
+
 void CGLVolume::renderThickSlice(int axis, double position, double thickness, GLenum eRenderingMode,
                                  bool bLighting)
 {

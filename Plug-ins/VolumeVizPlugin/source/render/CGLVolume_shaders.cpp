@@ -53,6 +53,7 @@ bool CGLVolume::initShaders()
     if (!m_volumeProgram.updateShader_Source(FRAGMENT_SHADER, QStringLiteral("volume_fp"),
                                              volume.constData()))
         return false;
+    m_bVolumeUniformsSet = false;
     if (!m_bSliceProgramAdded) {
         if (!m_sliceProgram.addShader_Source(FRAGMENT_SHADER, QStringLiteral("slice_fp"), slice.constData()))
             return false;
@@ -92,6 +93,7 @@ void CGLVolume::setVolumeUniforms(const VolumeVertex& view, double interval)
     uniforms.setInt("bFilterDenoiseGradient", m_bFilterDenoiseGradient);
     uniforms.setInt("bMedianFilterDenoise", m_bMedianFilterDenoise);
     uniforms.setFloat("bRenderInBestPerformance", m_bRenderInBestPerformance ? 1.0 : 0.0);
+    m_bVolumeUniformsSet = true;
 }
 
 void CGLVolume::setSliceUniforms()
