@@ -28,7 +28,8 @@ public:
     /// The object takes part in rendering, in every scene of its graph. A second call changes nothing.
     void addToScene(C3DObject* object);
 
-    /// Paints a frame before it returns when the scene is on screen; else the next time that it is shown.
+    /// Paints a frame before it returns when the scene is on screen; else the next time that it is shown. The
+    /// frame is one of full detail unless the mouse is moving the scene.
     void refresh();
     /// Takes the boxes of the objects anew, and takes the whole scene into view when they have changed.
     void updateScene();

@@ -13,8 +13,8 @@ class C3DSGManager;
 ///
 /// The projection is parallel: lengths compare anywhere in the picture. The left button orbits, the middle
 /// button, or shift and the left button, pans, the wheel zooms about the mouse, and a double click takes the
-/// whole scene into view. While the mouse moves the camera the host is in its fast rendering mode
-/// (`CHVProcess::isFast3DRenderingMode`); a frame of full detail follows.
+/// whole scene into view. While the mouse moves the camera or a tool the host is in its fast rendering mode
+/// (`CHVProcess::isFast3DRenderingMode`); a frame of full detail follows when it has rested for 150 ms.
 ///
 /// The view needs a context of the compatibility profile that shares objects with those of all other views.
 /// Its depth function is GL_LEQUAL, so that a fragment at the far value still draws on a cleared buffer.

@@ -9,10 +9,12 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QElapsedTimer>
 #include <QMouseEvent>
 #include <QSignalSpy>
 #include <QTest>
 #include <QWheelEvent>
+#include <algorithm>
 #include <vector>
 
 using namespace viz_test;
@@ -442,7 +444,7 @@ TEST_F(ShownViewTest, RefreshOfAHiddenSceneWaitsForTheNextShow)
     EXPECT_EQ(box->frames, 0);
     scene.show();
     ASSERT_TRUE(QTest::qWaitForWindowExposed(&scene));
-    QTRY_VERIFY(box->frames > 0);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return box->frames > 0; }));
 }
 
 TEST_F(ShownViewTest, RefreshInsideAFrameDoesNotNest)
@@ -454,21 +456,103 @@ TEST_F(ShownViewTest, RefreshInsideAFrameDoesNotNest)
     box->onRender = nullptr;
 }
 
+/// The mode of each frame of a box, and when it was drawn.
+struct FastFrames
+{
+    explicit FastFrames(ColouredBox& box)
+    {
+        clock.start();
+        box.onRender = [this] {
+            modes.push_back(CHVProcess::isFast3DRenderingMode());
+            times.push_back(clock.elapsed());
+        };
+    }
+    bool endsInFullDetail() const { return !modes.empty() && !modes.back(); }
+
+    QElapsedTimer clock;
+    std::vector<bool> modes;
+    std::vector<qint64> times;
+};
+
 TEST_F(ShownViewTest, DraggingTurnsOnTheFastModeAndAFullFrameFollows)
 {
-    std::vector<bool> fast;
-    box->onRender = [&] { fast.push_back(CHVProcess::isFast3DRenderingMode()); };
+    FastFrames frames(*box);
     QTest::mousePress(&scene, Qt::LeftButton, Qt::NoModifier, QPoint(48, 48));
     EXPECT_FALSE(CHVProcess::isFast3DRenderingMode()) << "a press alone moves nothing";
     move(QPoint(60, 48), Qt::LeftButton);
     EXPECT_TRUE(CHVProcess::isFast3DRenderingMode());
     QApplication::processEvents();
-    ASSERT_FALSE(fast.empty());
-    EXPECT_TRUE(fast.back());
+    ASSERT_FALSE(frames.modes.empty());
+    EXPECT_TRUE(frames.modes.back());
     QTest::mouseRelease(&scene, Qt::LeftButton, Qt::NoModifier, QPoint(60, 48));
+    const qint64 released = frames.clock.elapsed();
+    EXPECT_TRUE(CHVProcess::isFast3DRenderingMode()) << "the mouse may go on";
+    EXPECT_TRUE(QTest::qWaitFor([&] { return frames.endsInFullDetail(); }));
     EXPECT_FALSE(CHVProcess::isFast3DRenderingMode());
+    EXPECT_GE(frames.times.back() - released, 145) << "150 ms after the last event";
+    const std::size_t count = frames.modes.size();
+    QTest::qWait(200);
+    EXPECT_EQ(frames.modes.size(), count) << "one frame of full detail is enough";
+    box->onRender = nullptr;
+}
+
+TEST_F(ShownViewTest, AClickThatMovesNothingIsNoMotion)
+{
+    FastFrames frames(*box);
+    QTest::mouseClick(&scene, Qt::LeftButton, Qt::NoModifier, QPoint(48, 48));
+    EXPECT_FALSE(CHVProcess::isFast3DRenderingMode());
+    QTest::qWait(200);
+    EXPECT_TRUE(frames.modes.empty());
+    box->onRender = nullptr;
+}
+
+TEST_F(ShownViewTest, AMouseThatRestsInADragSeesTheFullFrame)
+{
+    FastFrames frames(*box);
+    QTest::mousePress(&scene, Qt::LeftButton, Qt::NoModifier, QPoint(48, 48));
+    move(QPoint(60, 48), Qt::LeftButton);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return frames.endsInFullDetail(); }));
+    move(QPoint(62, 48), Qt::LeftButton);
+    EXPECT_TRUE(CHVProcess::isFast3DRenderingMode()) << "the drag goes on";
     QApplication::processEvents();
-    EXPECT_FALSE(fast.back());
+    EXPECT_TRUE(frames.modes.back());
+    QTest::mouseRelease(&scene, Qt::LeftButton, Qt::NoModifier, QPoint(62, 48));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return frames.endsInFullDetail(); }));
+    box->onRender = nullptr;
+}
+
+TEST_F(ShownViewTest, SlowFramesOfADragAreAllFast)
+{
+    std::vector<bool> fast;
+    box->onRender = [&] {
+        fast.push_back(CHVProcess::isFast3DRenderingMode());
+        if (fast.back()) QTest::qSleep(170);
+    };
+    QTest::mousePress(&scene, Qt::LeftButton, Qt::NoModifier, QPoint(48, 48));
+    for (int x = 50; x < 58; x += 2) {
+        move(QPoint(x, 48), Qt::LeftButton);
+        QApplication::processEvents();
+        QApplication::processEvents();  // time in which the next step of the mouse arrives
+    }
+    ASSERT_GE(fast.size(), 4U);
+    EXPECT_EQ(std::count(fast.begin(), fast.end(), false), 0);
+    QTest::mouseRelease(&scene, Qt::LeftButton, Qt::NoModifier, QPoint(56, 48));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !fast.back(); }));
+    box->onRender = nullptr;
+}
+
+TEST_F(ShownViewTest, RefreshAfterADragIsOfFullDetail)
+{
+    FastFrames frames(*box);
+    QTest::mousePress(&scene, Qt::LeftButton, Qt::NoModifier, QPoint(48, 48));
+    move(QPoint(60, 48), Qt::LeftButton);
+    scene.refresh();
+    EXPECT_TRUE(frames.modes.back()) << "not within it";
+    QTest::mouseRelease(&scene, Qt::LeftButton, Qt::NoModifier, QPoint(60, 48));
+    scene.refresh();
+    EXPECT_FALSE(frames.modes.back());
+    EXPECT_FALSE(CHVProcess::isFast3DRenderingMode());
+    box->onRender = nullptr;
 }
 
 TEST_F(ShownViewTest, ADragByHalfTheWindowTurnsTheSceneAQuarter)
@@ -523,7 +607,7 @@ TEST_F(ShownViewTest, WheelZoomsAboutTheMouseAndRestsInFullDetail)
     const QImage image = scene.grabFramebuffer();
     EXPECT_NE(image.pixelColor(12, 48), QColor(0, 0, 240));
     EXPECT_EQ(middleOf(image), QColor(0, 0, 240));
-    QTRY_VERIFY(!CHVProcess::isFast3DRenderingMode());
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !CHVProcess::isFast3DRenderingMode(); }));
 }
 
 TEST_F(ShownViewTest, DoubleClickTakesTheSceneIntoView)
@@ -542,8 +626,8 @@ TEST_F(ShownViewTest, TheFastModeEndsWhenTheReleaseIsLost)
     move(QPoint(60, 48), Qt::LeftButton);
     EXPECT_TRUE(CHVProcess::isFast3DRenderingMode());
     move(QPoint(70, 48), Qt::NoButton);
-    EXPECT_FALSE(CHVProcess::isFast3DRenderingMode());
     EXPECT_FALSE(scene.hasMouseTracking());
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !CHVProcess::isFast3DRenderingMode(); }));
 
     QTest::mousePress(&scene, Qt::LeftButton, Qt::NoModifier, QPoint(48, 48));
     move(QPoint(60, 48), Qt::LeftButton);

@@ -32,6 +32,8 @@ void C3DScene::addToScene(C3DObject* object)
 
 void C3DScene::refresh()
 {
+    // Who asks for a frame wants it whole, unless the mouse moves the view at this moment.
+    if (hostSide().drag == Private::Drag::None && !s->drag) hostSide().endFastMode();
     update();
     // repaint() is put off by the toolkit when a frame was shown a moment ago; the request itself is not.
     if (isVisible() && !hostSide().painting)

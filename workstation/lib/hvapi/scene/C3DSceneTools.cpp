@@ -121,8 +121,7 @@ void C3DScene::SceneData::endDrag(bool keep)
     if (!drag) return;
     hvscene::SceneTool* ending = drag;
     drag = nullptr;
-    q.hostSide().toolMoving = false;
-    q.hostSide().updateFastMode();
+    q.hostSide().noteEndOfMotion();
     if (keep) {
         ending->release();
     } else {
@@ -212,8 +211,7 @@ void C3DScene::mouseMoveEvent(QMouseEvent* event)
 {
     if (s->drag && !(event->buttons() & Qt::LeftButton)) s->endDrag(true);  // the release went elsewhere
     if (s->drag) {
-        hostSide().toolMoving = true;
-        hostSide().updateFastMode();
+        hostSide().noteMotion();
         s->drag->move(hostSide().projection(), toPixel(event->pos()));
         update();
         return;

@@ -16,7 +16,7 @@ namespace {
 constexpr double pi = 3.14159265358979323846;
 constexpr double zoomPerWheelStep = 1.15;
 constexpr double zoomPerWindowHeight = 6.0;  // dragging over the whole window
-constexpr int wheelRestMs = 250;
+constexpr int motionRestMs = 150;
 
 void moveCropBox(C3DSGNode* node, const sCropBoxOffset& offsets)
 {
@@ -34,8 +34,8 @@ void moveCropBox(C3DSGNode* node, const sCropBoxOffset& offsets)
 C3DView::Private::Private(C3DView& view)
     : q(view)
 {
-    wheelRest.setSingleShot(true);
-    wheelRest.setInterval(wheelRestMs);
+    motionRest.setSingleShot(true);
+    motionRest.setInterval(motionRestMs);
 }
 
 C3DView::C3DView(C3DSGManager* manager, QWidget* parent, Qt::WindowFlags flags)
@@ -47,7 +47,7 @@ C3DView::C3DView(C3DSGManager* manager, QWidget* parent, Qt::WindowFlags flags)
     setFormat(surface);
     setFocusPolicy(Qt::StrongFocus);
     setAccessibleName(tr("3D view"));
-    connect(&d->wheelRest, &QTimer::timeout, this, [this] { d->updateFastMode(); });
+    connect(&d->motionRest, &QTimer::timeout, this, [this] { d->endFastMode(); });
     d->manager = manager;
     if (!manager) return;
     manager->hostSide().makeRoot();
@@ -60,10 +60,8 @@ C3DView::~C3DView()
         auto& views = d->manager->hostSide().views;
         views.erase(std::remove(views.begin(), views.end(), this), views.end());
     }
-    d->wheelRest.stop();
     d->drag = Private::Drag::None;
-    d->toolMoving = false;
-    d->updateFastMode();
+    d->endFastMode();
     if (!d->sceneCopy.holdsTexture() || !isValid()) return;
     makeCurrent();
     d->sceneCopy.release();
@@ -140,6 +138,10 @@ void C3DView::paintGL()
     d->paint(d->framebufferPixels(), devicePixelRatioF(),
              d->overlayOnly ? Private::Frame::OverlayOnly : Private::Frame::Window);
     d->overlayOnly = d->sceneAsked = false;
+    if (!d->fast || d->motionShown) return;
+    // The frame may have taken longer than the rest: the next step of the mouse has to be seen first.
+    d->motionShown = true;
+    d->motionRest.start();
 }
 
 void C3DView::renderDecorations() {}
@@ -156,7 +158,6 @@ void C3DView::mousePressEvent(QMouseEvent* event)
     }
     d->drag = drag;
     d->dragButton = event->button();
-    d->dragMoved = false;
     d->lastPosition = event->pos();
     setMouseTracking(true);  // so that a release which went elsewhere is noticed
 }
@@ -174,7 +175,6 @@ void C3DView::mouseMoveEvent(QMouseEvent* event)
     const QPoint step = event->pos() - d->lastPosition;
     if (step.isNull()) return;
     d->lastPosition = event->pos();
-    d->dragMoved = true;
     const double w = std::max(1, width());
     const double h = std::max(1, height());
     switch (d->drag) {
@@ -192,7 +192,7 @@ void C3DView::mouseMoveEvent(QMouseEvent* event)
     case Private::Drag::None:
         break;
     }
-    d->updateFastMode();
+    d->noteMotion();
     d->cameraMoved();
 }
 
@@ -226,16 +226,15 @@ void C3DView::wheelEvent(QWheelEvent* event)
     const QPointF mouse = event->position();
     d->camera.zoom(std::pow(zoomPerWheelStep, steps), (mouse.x() - width() / 2.0) / h,
                    (height() / 2.0 - mouse.y()) / h);
-    d->wheelRest.start();
-    d->updateFastMode();
+    d->noteMotion();
     d->cameraMoved();
     event->accept();
 }
 
 void C3DView::hideEvent(QHideEvent* event)
 {
-    d->wheelRest.stop();
     d->endDrag();
+    d->endFastMode();
     QOpenGLWidget::hideEvent(event);
 }
 
@@ -271,18 +270,31 @@ void C3DView::Private::endDrag()
 {
     drag = Drag::None;
     dragButton = Qt::NoButton;
-    dragMoved = false;
     q.setMouseTracking(watchMouse);
-    updateFastMode();
+    noteEndOfMotion();
 }
 
-void C3DView::Private::updateFastMode()
+void C3DView::Private::noteMotion()
 {
-    const bool moving = (drag != Drag::None && dragMoved) || wheelRest.isActive() || toolMoving;
-    if (moving == fast) return;
-    fast = moving;
-    HostServices::instance().setFastRenderingMode(fast);
-    if (!fast) q.update();  // the frame of full detail
+    motionShown = false;
+    motionRest.start();
+    if (fast) return;
+    fast = true;
+    HostServices::instance().setFastRenderingMode(true);
+}
+
+void C3DView::Private::noteEndOfMotion()
+{
+    if (fast) motionRest.start();
+}
+
+void C3DView::Private::endFastMode()
+{
+    motionRest.stop();
+    if (!fast) return;
+    fast = false;
+    HostServices::instance().setFastRenderingMode(false);
+    q.update();  // the frame of full detail
 }
 
 void C3DView::Private::cameraMoved()

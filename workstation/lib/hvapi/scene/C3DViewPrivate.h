@@ -42,7 +42,12 @@ struct C3DView::Private
     };
     Drag dragOf(const QMouseEvent& event) const;
     void endDrag();
-    void updateFastMode();
+    /// The mouse moves something in the view: frames are drawn in the fast mode until it has rested.
+    void noteMotion();
+    /// A button was released: the last event of a motion.
+    void noteEndOfMotion();
+    /// At once, with the frame of full detail.
+    void endFastMode();
     void cameraMoved();
     /// The mouse is followed also with no button down.
     void setWatchMouse(bool watch);
@@ -58,11 +63,10 @@ struct C3DView::Private
     CameraTool tool = NoCameraTool;
     Drag drag = Drag::None;
     Qt::MouseButton dragButton = Qt::NoButton;
-    bool dragMoved = false;
     bool watchMouse = false;
-    bool toolMoving = false;  ///< a tool of the view is being dragged
     QPoint lastPosition;
-    QTimer wheelRest;  ///< runs while wheel steps follow one another
+    QTimer motionRest;  ///< runs from each step of a motion on
+    bool motionShown = true;
     bool fast = false;
     bool painting = false;
     bool overlayOnly = false;  ///< all that was asked for since the last frame
