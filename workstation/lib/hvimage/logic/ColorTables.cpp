@@ -124,14 +124,18 @@ std::uint8_t toByte(double value)
 }
 
 // A hue on black, and at the end a tint of it, so that dark hues such as blue show as many steps as bright
-// ones.
+// ones. Behind the black entry it begins at a share of the hue at which whole bytes still tell it: who
+// follows the hue along the table meets no bend in the dark.
 ColorTable hueTable(ColorStop const& hue, ColorStop const& tint)
 {
     auto const shade = [&](double position, double share) {
         return ColorStop{position, toByte(hue.red * share), toByte(hue.green * share),
                          toByte(hue.blue * share)};
     };
-    return makeColorTable({shade(0.0, 0.0), shade(0.1, 0.13), shade(0.4, 0.54), hue, tint}, Blend::OkLab);
+    ColorTable table =
+        makeColorTable({shade(0.0, 0.028), shade(0.1, 0.13), shade(0.4, 0.54), hue, tint}, Blend::OkLab);
+    std::fill_n(table.begin(), 3, std::uint8_t(0));
+    return table;
 }
 
 }  // namespace
@@ -188,7 +192,7 @@ ColorTable const* colorTable(HVS_COLORTABLE_TYPES type)
         return &table;
     }
     case eColorTableMagenta: {
-        static ColorTable const table = hueTable({0.74, 226, 36, 226}, {1.0, 255, 194, 255});
+        static ColorTable const table = hueTable({0.74, 226, 36, 226}, {1.0, 255, 206, 255});
         return &table;
     }
     case eColorTableOrange: {
@@ -217,9 +221,9 @@ ColorTable const* colorTable(HVS_COLORTABLE_TYPES type)
         static ColorTable const table = makeColorTable({{0.0, 4, 4, 24},
                                                         {0.2, 44, 22, 116},
                                                         {0.42, 146, 24, 140},
-                                                        {0.64, 230, 64, 96},
-                                                        {0.84, 252, 152, 84},
-                                                        {1.0, 255, 240, 196}},
+                                                        {0.64, 232, 60, 90},
+                                                        {0.82, 254, 170, 38},
+                                                        {1.0, 255, 242, 190}},
                                                        Blend::OkLab);
         return &table;
     }
