@@ -48,7 +48,8 @@ public:
     bool isRGBImageFormat() const;
 
     // Takes decoded pixels of a DICOM frame of `depth` bits: at most 8, 16 or 32 bits give one, two or four
-    // bytes each.
+    // bytes each. The pixels are copied; the palette stays. False as for initWithData, and for a depth of 0
+    // or above 32.
     bool InitFromDICOMFile(char* pixels, unsigned height, unsigned width, unsigned depth);
 
     bool saveAsTIFF(char const* path);

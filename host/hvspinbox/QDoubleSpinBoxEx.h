@@ -4,8 +4,9 @@
 
 #include <QDoubleSpinBox>
 
-// A spin box for real numbers of any magnitude: very small and very large ones are shown and taken in
-// exponent notation.
+// A spin box for real numbers of any magnitude: a number is shown by its fewest digits that tell it from all
+// others, a very small or very large one in exponent notation, and either notation can be typed. Values are
+// not rounded to decimals, and the step follows the magnitude of the value.
 class HVSPINBOX_EXPORT QDoubleSpinBoxEx : public QDoubleSpinBox
 {
     Q_OBJECT
@@ -19,6 +20,10 @@ protected:
     double valueFromText(QString const& text) const override;
     QValidator::State validate(QString& text, int& position) const override;
 
-    // Sets the step to a tenth of the magnitude of the present value.
+    // Sets the step to a tenth of the magnitude of the present value: 10 for 250, and 0.1 for 0. Called at
+    // each change of the value.
     virtual void updateDynamicRange();
+
+private:
+    QString bare(QString const& text) const;
 };

@@ -14,11 +14,15 @@ public:
     explicit CHVSStyledItemDelegate(QObject* parent = nullptr);
     ~CHVSStyledItemDelegate() override;
 
-    // Background of rows that are not selected, by name or as "#rrggbb"; an empty text gives the view's own.
+    // Background of rows that are not selected, by name or as "#rrggbb"; an empty text, and one that is no
+    // colour, gives the view's own.
     void setCustomBackColor(QString color);
 
     // Thin lines between the rows and columns.
     void setEnableGridLines(bool enable);
+
+    void paint(QPainter* painter, QStyleOptionViewItem const& option,
+               QModelIndex const& index) const override;
 
 private:
     Q_DISABLE_COPY(CHVSStyledItemDelegate)

@@ -1,9 +1,10 @@
 #pragma once
 
-/// Unit of the rulers around an image, see CHVSSimpleImageView.
+/// Unit of the scale bar of an image view, see CHVSSimpleImageView.
 enum tag_escaleunit : int
 {
-    SCALEUNIT_PIXELS = 0,
-    SCALEUNIT_MM = 1,
-    SCALEUNIT_CM = 2
+    SCALEUNIT_NONE = 0,
+    SCALEUNIT_PIXELS = 1,
+    SCALEUNIT_MM = 2,
+    SCALEUNIT_CM = 3
 };

@@ -52,6 +52,23 @@ bool CILImage::initWithData(HVSDataTypes type, long width, long height, void* da
     return true;
 }
 
+bool CILImage::InitFromDICOMFile(char* pixels, unsigned height, unsigned width, unsigned depth)
+{
+    if (depth == 0 || depth > 32) return false;
+    HVSDataTypes const type = depth > 16 ? eTypeUInt32 : depth > 8 ? eTypeUInt16 : eTypeUInt8;
+    return initWithData(type, static_cast<long>(width), static_cast<long>(height), pixels);
+}
+
+CILPalette CILImage::getPalette() const
+{
+    return m_image->palette;
+}
+
+void CILImage::setPalette(CILPalette const& palette)
+{
+    m_image->palette = palette;
+}
+
 bool CILImage::downSample(int width, int height, IL_RESAMPLEMODES mode)
 {
     // The filter multiplies old by new sizes in 64 bits.

@@ -17,6 +17,7 @@ public:
     // A copy shares no open file: it opens the file again when it needs another of its pictures.
     ImagePrivate(ImagePrivate const& other)
         : range(other.range)
+        , palette(other.palette)
         , path(other.path)
         , pageCount(other.pageCount)
         , page(other.page)
@@ -26,6 +27,7 @@ public:
     {
         if (this == &other) return *this;
         range = other.range;
+        palette = other.palette;
         path = other.path;
         pageCount = other.pageCount;
         page = other.page;
@@ -34,6 +36,7 @@ public:
     }
 
     hvimage::SampleRange range;
+    CILPalette palette;
 
     // The file that was loaded last; kept open as long as it has more pictures to give.
     QByteArray path;
