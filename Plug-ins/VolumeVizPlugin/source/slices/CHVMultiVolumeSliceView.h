@@ -1,6 +1,7 @@
 #pragma once
 
 #include "hvapi/scene/C3DView.h"
+#include "slices/QuadricDeleter.h"
 #include "slices/SliceTile.h"
 #include "slices/logic/SliceOrientation.h"
 #include "slices/logic/SliceZoom.h"
@@ -15,7 +16,6 @@
 
 class C3DSGManager;
 class CGLVolume;
-class GLUquadric;
 class QPainter;
 
 /// Orthogonal slices of the volume "GLVolume" of a scene graph: a grid of them at even distances, or a single
@@ -110,11 +110,6 @@ protected:
     void paintGL() override;
 
 private:
-    struct QuadricDeleter
-    {
-        void operator()(GLUquadric* quadric) const;
-    };
-
     CGLVolume* node() const;
     void takePreferredFont();
     void relayout();

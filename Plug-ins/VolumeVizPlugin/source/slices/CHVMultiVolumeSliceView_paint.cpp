@@ -2,6 +2,7 @@
 #include "render/CGLVolume.h"
 #include "render/gl/GlStateScope.h"
 #include "slices/CHVMultiVolumeSliceView.h"
+#include "slices/SliceScene.h"
 
 #include <QPainter>
 #include <QRegion>
@@ -14,52 +15,15 @@ constexpr int kSmallestView = 20;  // pixels; below that nothing can be seen
 constexpr double kNear = -1.0;
 constexpr GLuint kOwnSpace = ~GLuint(0);
 
-/// What the light of lit slabs is: the shading itself is the volume program's.
-void setLight(float z)
-{
-    const GLfloat position[4] = {0.0F, 0.0F, z, 0.0F};
-    const GLfloat ambient[4] = {0.5F, 0.5F, 0.5F, 0.0F};
-    const GLfloat full[4] = {1.0F, 1.0F, 1.0F, 0.0F};
-    glLightfv(GL_LIGHT0, GL_POSITION, position);
-    glLightfv(GL_LIGHT0, GL_AMBIENT, ambient);
-    glLightfv(GL_LIGHT0, GL_DIFFUSE, full);
-    glLightfv(GL_LIGHT0, GL_SPECULAR, full);
-    glLightModeli(GL_LIGHT_MODEL_LOCAL_VIEWER, 0);
-}
-
-void outline(const SliceWindow& window)
-{
-    glVertex3d(window.left, window.bottom, 0.0);
-    glVertex3d(window.left, window.top, 0.0);
-    glVertex3d(window.right, window.top, 0.0);
-    glVertex3d(window.right, window.bottom, 0.0);
-}
-
-/// The ground of a tile. It leaves no depth behind: the slice lies farther away and must not fail against it.
-void drawGround(const SliceWindow& window)
-{
-    glDisable(GL_DEPTH_TEST);
-    glDisable(GL_BLEND);
-    glColor3f(0.0F, 0.0F, 0.0F);
-    glBegin(GL_QUADS);
-    outline(window);
-    glEnd();
-}
-
 void drawFrame(const SliceWindow& window, float red, float blue)
 {
     glColor3f(red, 0.0F, blue);
     glBegin(GL_LINE_LOOP);
-    outline(window);
+    SliceScene::outline(window);
     glEnd();
 }
 
 }  // namespace
-
-void CHVMultiVolumeSliceView::QuadricDeleter::operator()(GLUquadric* quadric) const
-{
-    gluDeleteQuadric(quadric);
-}
 
 void CHVMultiVolumeSliceView::initializeGL()
 {
@@ -135,10 +99,7 @@ void CHVMultiVolumeSliceView::paintTile(QPainter& painter, CGLVolume* volume, Sl
     painter.beginNativePainting();
     setViewport(rect);
     setOrtho(tile.window);
-    {
-        const GlStateScope before(GL_ENABLE_BIT);
-        drawGround(tile.window);
-    }
+    SliceScene::drawGround(tile.window);
     glShadeModel(GL_SMOOTH);
     glDisable(GL_DEPTH_TEST);
     {
@@ -146,7 +107,7 @@ void CHVMultiVolumeSliceView::paintTile(QPainter& painter, CGLVolume* volume, Sl
         glDisable(GL_DEPTH_TEST);
         glEnable(GL_LINE_SMOOTH);
         glHint(GL_LINE_SMOOTH_HINT, GL_DONT_CARE);
-        setLight(m_translation[2]);
+        SliceScene::setLight(m_translation[2]);
         glEnable(GL_BLEND);
         glBlendFunc(GL_SRC_ALPHA, GL_ONE_MINUS_SRC_ALPHA);
         m_plane[3] = m_singleView ? m_singlePosition : tile.position;
