@@ -4,6 +4,7 @@
 #include "volume/CVolumeInfoDialog.h"
 #include "volume/DicomAttributes.h"
 #include "volume/DicomMessages.h"
+#include "volume/HeapRoom.h"
 #include "volume/HostImage.h"
 #include "volume/PaletteParent.h"
 #include "volume/ReaderLog.h"
@@ -55,6 +56,7 @@ CVolumeDicom::~CVolumeDicom()
 bool CVolumeDicom::loadVolumeFiles(QStringList files, unsigned first, unsigned last, bool makerData)
 {
     m_images.clear();
+    m_room.reset();
     m_info.clear();
     m_loadedFiles.clear();
     m_direction = {};

@@ -20,6 +20,7 @@ class CHVDcmImage;
 class CHVVolumeVizPalette;
 class CILImage;
 class DcmFileFormat;
+class HeapRoom;
 class LoadProgress;
 
 /// Reads DICOM files into one block of 8-bit voxels: a series of files of one frame each, or one file of many
@@ -168,4 +169,5 @@ private:
     CHVVolumeVizPalette* m_owner = nullptr;
     bool m_makerData = false;
     bool m_feetFirst = false;
+    std::unique_ptr<HeapRoom> m_room;  // for the parsed files
 };

@@ -7,6 +7,7 @@
 #include "volume/DicomAttributes.h"
 #include "volume/DicomMessages.h"
 #include "volume/DicomPicture.h"
+#include "volume/HeapRoom.h"
 #include "volume/LoadProgress.h"
 
 #include <dcmtk/config/osconfig.h>
@@ -47,6 +48,15 @@ bool readFile(const QString& path, DcmFileFormat& file)
     const OFCondition loaded =
         file.loadFile(name.constData(), EXS_Unknown, EGL_noChange, 4096, ERM_autoDetect);
     return loaded.good() && file.getDataset() != nullptr;
+}
+
+// What the files take on the disk, and so about in memory.
+std::uint64_t bytesOf(const QStringList& files)
+{
+    std::uint64_t bytes = 0;
+    for (const QString& path : files)
+        if (const QFileInfo file(path); file.isFile()) bytes += static_cast<std::uint64_t>(file.size());
+    return bytes;
 }
 
 enum class RangeFault
@@ -111,6 +121,7 @@ bool CVolumeDicom::loadSeries(const QStringList& files, unsigned first, unsigned
     Scan scan;
     m_columns = 0;
     m_rows = 0;
+    if (files.size() > 1) m_room = std::make_unique<HeapRoom>(bytesOf(files));
     if (!scanSeries(files, *progress, scan)) return false;
     if (m_images.empty()) return fail(dicom_message::nothingUsable);
 

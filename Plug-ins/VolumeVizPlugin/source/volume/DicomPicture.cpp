@@ -15,6 +15,8 @@
 namespace {
 
 constexpr unsigned long acrNemaCompatible = 1;
+// Without it all frames are copied, or decompressed, for the sake of one.
+constexpr unsigned long onlyTheFramesAskedFor = CIF_UsePartialAccessToPixelData;
 // A decoded sample and its copy on the way out take at most four bytes each.
 constexpr std::uint64_t bytesPerSample = 8;
 
@@ -56,7 +58,8 @@ DicomPicture::DicomPicture(DcmFileFormat& file, unsigned long frames)
         m_compressed = std::make_unique<DcmDataset>(*data);
         data = m_compressed.get();
     }
-    m_image = std::make_unique<DicomImage>(data, syntax, acrNemaCompatible, 0, frames);
+    const unsigned long flags = acrNemaCompatible | (frames == 0 ? 0 : onlyTheFramesAskedFor);
+    m_image = std::make_unique<DicomImage>(data, syntax, flags, 0, frames);
 }
 
 DicomPicture::~DicomPicture() = default;
