@@ -5,6 +5,7 @@
 #include "browse/CVolBrowserInfo.h"
 #include "support/TiffFiles.h"
 #include "support/dicom/DicomBuilder.h"
+#include "testing/TestHostServices.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -26,6 +27,7 @@ class BrowseReceiver : public QObject
 public:
     QStringList log;  ///< "start TEXT", "folder PATH", "data PATH", "end TEXT", in the order of arrival
     std::vector<std::unique_ptr<CVolBrowserInfo>> found;
+    int foldersEntered = 0;
     std::function<void(int eventType)> onEvent;
 
     bool hasEnded() const { return !log.isEmpty() && log.last().startsWith("end "); }
@@ -56,6 +58,7 @@ protected:
         case 1101: {
             auto* const progress = static_cast<CVolBrowseProgressEvent*>(event);
             log << "folder " + progress->folder();
+            ++foldersEntered;
             EXPECT_EQ(progress->step(), 1);
             EXPECT_EQ(progress->total(), 1);
             break;
@@ -129,7 +132,15 @@ protected:
     /// Browses the whole tree, or a folder of it.
     void browseTree(const QString& relative = {}) { browse(manager, folder(relative)); }
 
+    /// The rules' own words: what QDir lists through the name filters, in no order of its own.
+    QStringList listedFiles(const QString& relative)
+    {
+        return QDir(folder(relative))
+            .entryList({"*.dcm", "*.dc3", "*.tif", "*tiff"}, QDir::Files, QDir::Unsorted);
+    }
+
     QTemporaryDir m_root;
+    TestHostServices host;
     BrowseReceiver receiver;
     CVolBrowseManager manager{&receiver};
 };
