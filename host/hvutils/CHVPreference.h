@@ -37,6 +37,7 @@ public:
     // Copies the preferences of the 3D views.
     static void get3DViewPreferences(S3DViewSettings& settings);
 
-    // Size in pixels that a new window should have: of the whole workspace, or of a dialog.
+    // Size in pixels that a new window should have, by the room on the main screen: of the whole workspace,
+    // or of a dialog.
     static void getWindowsPreferredSize(int& width, int& height, bool dialog);
 };

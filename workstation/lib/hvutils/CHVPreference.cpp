@@ -7,6 +7,8 @@
 #include "hvutils/S3DViewSettings.h"
 
 #include <QDir>
+#include <QGuiApplication>
+#include <QScreen>
 #include <QSettings>
 
 CHVPreferenceSignalHandler::CHVPreferenceSignalHandler(QObject* parent)
@@ -54,4 +56,12 @@ void CHVPreference::get3DViewPreferences(S3DViewSettings& settings)
         stored.value(QStringLiteral("3DView/FontFamily"), standard.strFontFamily).toString();
     settings.strTissueRange =
         stored.value(QStringLiteral("3DView/TissueRange"), QStringLiteral("Tissue")).toString();
+}
+
+void CHVPreference::getWindowsPreferredSize(int& width, int& height, bool dialog)
+{
+    const QScreen* screen = QGuiApplication::primaryScreen();
+    const QSize room = screen ? screen->availableSize() : QSize(1280, 800);
+    width = dialog ? room.width() * 2 / 3 : room.width() * 9 / 10;
+    height = dialog ? room.height() * 2 / 3 : room.height() * 9 / 10;
 }

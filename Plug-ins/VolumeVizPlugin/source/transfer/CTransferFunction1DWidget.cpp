@@ -2,6 +2,7 @@
 
 #include "hvimage/CILImage.h"
 #include "transfer/CColorTableWidget.h"
+#include "transfer/HistogramAxesPainter.h"
 #include "transfer/logic/HistogramLine.h"
 #include "transfer/logic/PointCursor.h"
 
@@ -169,6 +170,7 @@ void CTransferFunction1DWidget::paintEvent(QPaintEvent*)
     refreshImage();
     QPainter painter(this);
     paintHistogram(painter);
+    if (m_showAxes) paintHistogramAxes(painter, size(), m_axisMin, m_axisMax, m_yAxisMax);
 }
 
 void CTransferFunction1DWidget::paintHistogram(QPainter& painter) const
