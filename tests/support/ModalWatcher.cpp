@@ -1,5 +1,7 @@
 #include "support/ModalWatcher.h"
 
+#include "support/RenderQuestion.h"
+
 #include <gtest/gtest.h>
 
 #include <QAbstractButton>
@@ -54,6 +56,7 @@ void ModalWatcher::look()
         return;
     }
     if (m_seen.contains(window)) return;
+    if (RenderQuestion::is(window)) return;
     // A progress dialog works for itself: it is no question.
     if (window->inherits("CHVSProgressBar") || window->inherits("QProgressDialog")) return;
     m_seen.append(window);

@@ -1,6 +1,7 @@
 // The main of every test program that needs widgets or GL.
 
 #include "support/QtWarnings.h"
+#include "support/RenderQuestion.h"
 
 #include <gmock/gmock.h>
 
@@ -44,5 +45,6 @@ int main(int argc, char** argv)
     application.setQuitOnLastWindowClosed(false);
     std::setlocale(LC_NUMERIC, "C");
     viz_test::installQtWarningGuard();
+    const viz_test::RenderQuestion renderQuestion{};
     return RUN_ALL_TESTS();
 }

@@ -30,6 +30,7 @@ protected:
         ASSERT_TRUE(palette->onLoadVolumeData({writeRaw("a.raw")}, -1, -1));
         node = nodeOf(sequence);
         scene = sceneOf(sequence);
+        host.entries.clear();
         QObject::connect(sequence->get3DSGManager(), &C3DSGManager::transformObjectChanged, &plugin,
                          &CHVVolumeVizPlugin::onSignalTransformObjectChanged);
     }

@@ -1,5 +1,6 @@
 #include "gui/PluginBench.h"
 
+#include "gui/SetMeter.h"
 #include "hvapi/scene/C3DSGManager.h"
 #include "hvapi/scene/C3DScene.h"
 #include "hvapi/windows/CHVSMdiSubWindow.h"
@@ -30,6 +31,9 @@ PluginBench::PluginBench()
                          validity.append(valid);
                      });
     palette = qobject_cast<CHVVolumeVizPalette*>(plugin.getPaletteWidget());
+    auto set = std::make_unique<SetMeter>();
+    meter = set.get();
+    palette->setRenderMeter(std::move(set));
 
     SequenceRegistry& sequences = SequenceRegistry::instance();
     QObject::connect(&sequences, &SequenceRegistry::windowCreated, &workspace,

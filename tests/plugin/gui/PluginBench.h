@@ -15,6 +15,7 @@
 #include <memory>
 
 class CGLVolume;
+class SetMeter;
 class QMimeData;
 class C3DScene;
 class CHVSSequenceWindow;
@@ -63,5 +64,6 @@ protected:
     QMdiArea workspace;
     CHVVolumeVizPlugin plugin;
     CHVVolumeVizPalette* palette = nullptr;
-    QList<bool> validity;  ///< what the plug-in told the host of the palette, in order
+    SetMeter* meter = nullptr;  ///< the palette's stopwatch; every frame is a fast one at first
+    QList<bool> validity;       ///< what the plug-in told the host of the palette, in order
 };

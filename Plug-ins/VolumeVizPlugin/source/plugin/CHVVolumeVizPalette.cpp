@@ -8,6 +8,7 @@
 #include "hvutils/deleteFolderTree.h"
 #include "plugin/PaletteTarget.h"
 #include "plugin/PluginLog.h"
+#include "plugin/RenderMeter.h"
 #include "plugin/WidgetSync.h"
 #include "plugin/logic/ColorTableNames.h"
 #include "plugin/logic/TempFolders.h"
@@ -30,6 +31,7 @@ void removeTempRoot()
 
 CHVVolumeVizPalette::CHVVolumeVizPalette(QWidget* parent, const char* name, bool modal, Qt::WindowFlags flags)
     : QDialog(parent, flags)
+    , m_pRenderMeter(std::make_unique<RenderMeter>())
 {
     if (name) setObjectName(QLatin1String(name));
     setModal(modal);
@@ -139,6 +141,14 @@ void CHVVolumeVizPalette::connectControls()
     connect(preferences, SIGNAL(updatePreferenceSetting()), this, SLOT(updateUserPreferences()));
     connect(m_pLODSlider, SIGNAL(valueChanged(int)), this, SLOT(onReleaseLevelOfDetailSlider(int)));
     connect(m_pResetLODButton, SIGNAL(clicked()), this, SLOT(onLevelOfDetailReset()));
+    connect(m_pMIPCheckBox, SIGNAL(toggled(bool)), this, SLOT(onMIPToggled(bool)));
+    connect(m_pLightingCheckBox, SIGNAL(toggled(bool)), this, SLOT(onLightingToggled(bool)));
+    connect(m_pMedianFilterDenoiseCheckBox, &QCheckBox::toggled, this,
+            &CHVVolumeVizPalette::onMedianFilterDenoiseToggled);
+    connect(m_pBestRenderQualityCheckBox, &QCheckBox::toggled, this,
+            &CHVVolumeVizPalette::onBestRenderQualityCheckBoxToggled);
+    connect(m_pRenderEffectsDlgButton, &QToolButton::clicked, this,
+            &CHVVolumeVizPalette::onClickRenderEffectsDlgButton);
     connect(m_pVolumeButtonGroup, &QGroupBox::toggled, this,
             &CHVVolumeVizPalette::onVolumeButtonGroupToggled);
     connect(m_pTransformToolBtn, SIGNAL(toggled(bool)), this, SLOT(onToggleTransformTool(bool)));

@@ -8,11 +8,13 @@
 #include <QPointer>
 #include <QStringList>
 #include <array>
+#include <memory>
 
 #include "hvimage/HVS_COLORTABLE_TYPES.h"
 
 class C3DSGManager;
 class CGLVolume;
+class CRenderEffectsDlg;
 class CHVSDataset;
 class CHVSPalettePixmapView;
 class CHVSResultsTabControl;
@@ -21,6 +23,7 @@ class CHVSSequenceWindow;
 class QButtonGroup;
 class QGridLayout;
 class QMenu;
+class RenderMeter;
 struct PaletteTarget;
 struct S3DControls;
 
@@ -56,6 +59,12 @@ public:
     virtual void onSequenceRemoved(CHVSSequenceDataset* sequence);
     /// "Display Volume" was switched: shows or hides the volume of the current sequence.
     virtual void onVolumeButtonGroupToggled(bool shown);
+    /// Opens the dialog for the light and the filters of the volume.
+    virtual void onClickRenderEffectsDlgButton();
+    virtual void onMedianFilterDenoiseToggled(bool bVal);
+    /// Quality Mode was switched. On, the time of a frame decides, and the user where that is too long; off,
+    /// the volume is drawn in Performance Mode.
+    virtual void onBestRenderQualityCheckBoxToggled(bool bVal);
     virtual void languageChange();
 
     /// False when the graphics system can't draw volumes; the palette is a notice then.
@@ -79,6 +88,13 @@ public:
 
     /// The host's number for entry `index` of the colour combo boxes.
     static HVS_COLORTABLE_TYPES getColorTableType(int index);
+
+    /// Draws one frame of `density` percent with every filter and decides on the node's render mode: quality,
+    /// and true, unless the frame took longer than `limit`. The time goes to `frameTime`. In seconds.
+    bool evaluateRenderPerformance(CHVSSequenceWindow* window, CGLVolume* node, int density, double limit,
+                                   double* frameTime);
+    /// Where the time of a frame comes from.
+    void setRenderMeter(std::unique_ptr<RenderMeter> meter);
 
     /// The host's tools work on the object of that name now: buttons of the palette's own tools for another
     /// object are released.
@@ -107,6 +123,11 @@ public slots:
     /// Density of the drawn slices, in percent.
     void onReleaseLevelOfDetailSlider(int value);
     void onLevelOfDetailReset();
+    /// Maximum intensity projection and gradient illumination exclude each other.
+    void onMIPToggled(bool bVal);
+    void onLightingToggled(bool bVal);
+    /// The smoothing of the gradient was switched in the dialog.
+    void onFilterDenoiseGradientChanged(bool bVal);
     /// Takes up or leaves the tool that moves the volume, and the one that crops it.
     void onToggleTransformTool(bool used);
     void onToggleCropTool(bool used);
@@ -140,11 +161,16 @@ private:
 
     void updatePaletteControls(SVolVizControls* record);
     void updateVolumeState(const SVolVizControls& record);
-    void updateVolumeTab(const SVolVizControls& record);
+    /// False when the sequence went meanwhile: the slots of the render mode may ask the user.
+    bool updateVolumeTab(const SVolVizControls& record);
     void updateSliceTab(const SVolVizControls& record);
     void updateResultsTab(const SVolVizControls& record);
     void rebuildUnitList(const SVolVizControls& record);
     void showAsModified();
+    void enterQualityMode();
+    void leaveQualityMode();
+    void showAsPerformanceMode();
+    bool wantsQualityAnyway();
     void takeLightFromNode(CHVSSequenceDataset* sequence);
 
     void fillColorTables();
@@ -180,5 +206,7 @@ private:
     bool m_b3DCVSupported = true;
     QGridLayout* m_pSliceViewLayout = nullptr;
     int m_eManufacturer = 0;
-    std::array<float, 6> m_fUnitConversion{};  ///< as UnitRanges::conversion
+    std::array<float, 6> m_fUnitConversion{};          ///< as UnitRanges::conversion
+    CRenderEffectsDlg* m_pRenderEffectsDlg = nullptr;  ///< built when it is first asked for
+    std::unique_ptr<RenderMeter> m_pRenderMeter;
 };

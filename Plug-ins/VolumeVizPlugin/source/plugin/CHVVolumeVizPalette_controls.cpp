@@ -53,7 +53,7 @@ void CHVVolumeVizPalette::updatePaletteControls(SVolVizControls* record)
     updateResultsTab(*record);
     rebuildUnitList(*record);
     updateSliceTab(*record);
-    updateVolumeTab(*record);
+    if (!updateVolumeTab(*record)) return;
 }
 
 /// What can be used at all depends on whether there is a volume.
@@ -115,20 +115,24 @@ void CHVVolumeVizPalette::rebuildUnitList(const SVolVizControls& record)
     });
 }
 
-void CHVVolumeVizPalette::updateVolumeTab(const SVolVizControls& record)
+bool CHVVolumeVizPalette::updateVolumeTab(const SVolVizControls& record)
 {
+    const QString id = m_strSequenceID;
     m_pLogarithmicHistogramCheckBox->setChecked(record.bLogHistogram);
     check(m_pMIPCheckBox, record.bMIP);
     check(m_pLightingCheckBox, record.bLighting);
     enableControl(m_pRenderEffectsDlgButton, record.bLighting);
     // Not quietly: their slots bring the setting to the node.
+    const bool bestQuality = record.bBestQuality;
     m_pMedianFilterDenoiseCheckBox->setChecked(record.bMedianFilterDenoise);
-    m_pBestRenderQualityCheckBox->setChecked(record.bBestQuality);
+    m_pBestRenderQualityCheckBox->setChecked(bestQuality);
+    if (m_strSequenceID != id || !recordOf(id)) return false;
     enableControl(m_pMIPCheckBox, record.bMIPEnabled);
     enableControl(m_pLightingCheckBox, record.bLightingEnabled);
     select(m_pColorTableCombo, record.nVolumeColorTable);
     showColorTable(m_pVolumePaletteView, record.nVolumeColorTable, record.bVolumeColorTableReverse);
     quietly(m_pLODSlider, [&](QSlider& slider) { slider.setValue(record.nLevelOfDetail); });
+    return true;
 }
 
 void CHVVolumeVizPalette::updateSliceTab(const SVolVizControls& record)

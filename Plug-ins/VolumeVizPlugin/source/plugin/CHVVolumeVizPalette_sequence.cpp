@@ -134,8 +134,9 @@ void CHVVolumeVizPalette::setCurrentSequence(CHVSSequenceDataset* sequence)
     C3DSGManager* graph = sequence->get3DSGManager();
     if (!graph || !sameId(graph->getTransformedObjectName(), QStringLiteral("GLVolume")))
         record.bTransformTool = false;
+    const QPointer<CHVSSequenceDataset> shown(sequence);
     updatePaletteControls(&record);
-    takeLightFromNode(sequence);
+    if (shown) takeLightFromNode(shown);
     m_pCorvaneResultLbl->setText(emptyResultLabel);
 }
 

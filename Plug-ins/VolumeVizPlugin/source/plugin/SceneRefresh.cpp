@@ -3,11 +3,16 @@
 #include "hvapi/scene/C3DScene.h"
 #include "hvapi/windows/CHVSSequenceWindow.h"
 
-void SceneRefresh::volumeLoaded(CHVSSequenceWindow* window)
+void SceneRefresh::volumeArrived(CHVSSequenceWindow* window)
 {
     if (!window) return;
     window->onSignal3DViewChanged(false);
     window->init3DMeasurementValues();
+}
+
+void SceneRefresh::volumeLoaded(CHVSSequenceWindow* window)
+{
+    if (!window) return;
     window->prepare3DView();
     window->onSignalUpdatePreference();
     C3DScene* scene = window->get3DScene();

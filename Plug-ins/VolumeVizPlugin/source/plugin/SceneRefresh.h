@@ -7,8 +7,9 @@ class CHVSSequenceWindow;
 /// The orders in which the host is told to show changed data. Null arguments are ignored.
 namespace SceneRefresh {
 
-/// A volume was loaded: the window's own state, then the scene from its boxes to its tools, which gets the
-/// focus.
+/// A volume was loaded: what was shown and measured before it is void.
+void volumeArrived(CHVSSequenceWindow* window);
+/// Then the window's own state, and the scene from its boxes to its tools, which gets the focus.
 void volumeLoaded(CHVSSequenceWindow* window);
 
 /// Spacing or axis orientation of the volume changed.

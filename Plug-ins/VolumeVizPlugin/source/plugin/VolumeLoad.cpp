@@ -199,11 +199,22 @@ bool VolumeLoad::handOver(VolumeReader& reader)
         Vec3f fullBox[8];
         now.scene->setCroppingBoxOffset(fullBox);
     }
+    const QPointer<CGLVolume> taker(&volume);
     fillRecord(volume);
+    if (!isStillCurrent(taker)) return false;
     dumpVoxels(volume);
     volume.setTransformation(matrix());
+    SceneRefresh::volumeArrived(window());
+    m_palette.onBestRenderQualityCheckBoxToggled(true);
+    if (!isStillCurrent(taker)) return false;
     showVolume();
     return true;
+}
+
+/// The question for the render mode keeps the events running, and the sequence may go in them.
+bool VolumeLoad::isStillCurrent(const CGLVolume* volume) const
+{
+    return volume && volume == node();
 }
 
 void VolumeLoad::fillRecord(CGLVolume& volume)

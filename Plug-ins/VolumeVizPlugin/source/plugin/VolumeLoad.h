@@ -60,6 +60,7 @@ private:
     void fillRecord(CGLVolume& node);
     void dumpVoxels(CGLVolume& node) const;
     void showVolume();
+    bool isStillCurrent(const CGLVolume* volume) const;
     void markModified();
 
     CHVSSequenceWindow* window() const;

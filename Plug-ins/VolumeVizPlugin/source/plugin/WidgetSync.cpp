@@ -11,8 +11,19 @@ namespace {
 
 /// The controls that have their slots.
 constexpr const char* wiredControls[] = {
-    "m_pVolumeInfoDialogButton", "m_pVolumeButtonGroup", "m_pLODSlider",      "m_pResetLODButton",
-    "m_pTransformToolBtn",       "m_pTransformResetBtn", "m_pCroptoolButton", "m_pCropResetBtn",
+    "m_pVolumeInfoDialogButton",
+    "m_pVolumeButtonGroup",
+    "m_pLODSlider",
+    "m_pResetLODButton",
+    "m_pTransformToolBtn",
+    "m_pTransformResetBtn",
+    "m_pCroptoolButton",
+    "m_pCropResetBtn",
+    "m_pBestRenderQualityCheckBox",
+    "m_pLightingCheckBox",
+    "m_pMedianFilterDenoiseCheckBox",
+    "m_pMIPCheckBox",
+    "m_pRenderEffectsDlgButton",
 };
 
 bool isControl(const QWidget* widget)
