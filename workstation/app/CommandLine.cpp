@@ -139,8 +139,8 @@ QString helpText(const QString& program)
             "Usage: %1 [OPTION...] [PATH...]\n"
             "       %1 --snapshot FILE.png [--size WxH] [--view front|side|top|iso] PATH...\n\n"
             "A workstation for preclinical images. The files named by PATH make one volume, which is\n"
-            "opened in a new 3D scene. A folder stands for the files in it, by name; a SequenceInfo.txt,\n"
-            "or the folder of one, opens that sequence.\n\nOptions:\n")
+            "opened in a new 3D scene. A folder stands for the files in it: DICOM slices by their place,\n"
+            "others by name. A SequenceInfo.txt, or the folder of one, opens that sequence.\n\nOptions:\n")
             .arg(program);
     const Options options;
     for (const QCommandLineOption& option :

@@ -1,6 +1,7 @@
 #include "app/PathList.h"
 
-#include <QDir>
+#include "lib/hvdicom/VolumeFolder.h"
+
 #include <QFileInfo>
 
 QStringList filesMeantBy(const QStringList& paths)
@@ -9,12 +10,7 @@ QStringList filesMeantBy(const QStringList& paths)
     for (const QString& path : paths) {
         const QFileInfo info(path);
         QStringList inside;
-        if (info.isDir()) {
-            const QDir folder(info.absoluteFilePath());
-            const QStringList names = folder.entryList(QDir::Files, QDir::Name);
-            for (const QString& name : names)
-                inside << folder.absoluteFilePath(name);
-        }
+        if (info.isDir()) inside = hvdicom::filesOfVolume(info.absoluteFilePath());
         if (inside.isEmpty()) inside << info.absoluteFilePath();
         files << inside;
     }

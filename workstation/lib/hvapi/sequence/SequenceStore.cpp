@@ -6,6 +6,7 @@
 #include "lib/hvapi/sequence/SequenceData.h"
 #include "lib/hvapi/sequence/SequenceReader.h"
 #include "lib/hvapi/sequence/SequenceRegistry.h"
+#include "lib/hvdicom/VolumeFolder.h"
 #include "lib/hvparser/KeyedFile.h"
 #include "lib/hvutils/SafeFile.h"
 
@@ -232,9 +233,7 @@ QStringList volumeFiles(CHVSSequenceDataset& sequence)
     auto const folders = QDir(folder).entryInfoList(QDir::Dirs | QDir::NoDotAndDotDot, QDir::Name);
     for (auto const& entry : folders) {
         if (entry.fileName().compare(ctDataFolder, Qt::CaseInsensitive) != 0) continue;
-        auto const found = QDir(entry.absoluteFilePath()).entryInfoList(QDir::Files, QDir::Name);
-        for (auto const& file : found)
-            files << file.absoluteFilePath();
+        files = hvdicom::filesOfVolume(entry.absoluteFilePath());
         if (!files.isEmpty()) break;
     }
     return files;

@@ -32,7 +32,7 @@ HVAPI_EXPORT tag_estatus save(CHVSSequenceDataset& sequence);
 HVAPI_EXPORT tag_estatus saveIn(CHVSSequenceDataset& sequence, QString const& parent);
 
 /// The volume that belongs to a sequence on disk, absolute: the files that were loaded when it was saved, if
-/// all are there, else those of "CT Data" in the order of their names. Empty when there is none.
+/// all are there, else those of "CT Data" in the order of hvdicom::filesOfVolume(). Empty when there is none.
 HVAPI_EXPORT QStringList volumeFiles(CHVSSequenceDataset& sequence);
 
 }  // namespace SequenceStore
