@@ -1,134 +1,28 @@
 // The whole workstation with the plug-in that its loader found, driven as by a user.
 
-#include "app/ApplicationServices.h"
-#include "app/LogDock.h"
-#include "app/MainWindow.h"
-#include "app/PaletteDock.h"
-#include "app/Workspace.h"
+#include "WorkstationFixture.h"
 
-#include "hvapi/plugin/CHVToolPalettePluginBase.h"
-#include "hvapi/scene/C3DObject.h"
-#include "hvapi/scene/C3DSGManager.h"
-#include "hvapi/scene/C3DScene.h"
-#include "hvapi/sequence/CHVSSequenceDataset.h"
+#include "app/LogDock.h"
+#include "app/PaletteDock.h"
+
 #include "hvapi/windows/CHVSSequenceWindow.h"
 #include "hvutils/CHVUtilityFns.h"
-#include "lib/hvapi/scene/ViewControl.h"
 #include "lib/hvapi/sequence/SequenceRegistry.h"
 #include "support/ModalWatcher.h"
 
 #include <QAction>
-#include <QApplication>
 #include <QDialogButtonBox>
 #include <QDir>
-#include <QDropEvent>
-#include <QFile>
-#include <QImage>
 #include <QMdiSubWindow>
 #include <QMenu>
 #include <QMenuBar>
-#include <QMimeData>
 #include <QPushButton>
 #include <QSpinBox>
 #include <QTabWidget>
-#include <QTemporaryDir>
-#include <QTest>
-#include <QUrl>
-
-#include <gtest/gtest.h>
-
-#include <memory>
 
 namespace {
 
-constexpr int side = 40;
-
-/// A cube of bone in air, `side` voxels a side, without a header.
-QByteArray cubeVoxels()
-{
-    QByteArray voxels(side * side * side, '\0');
-    for (int z = 10; z < 30; ++z)
-        for (int y = 10; y < 30; ++y)
-            for (int x = 10; x < 30; ++x)
-                voxels[(z * side + y) * side + x] = static_cast<char>(200);
-    return voxels;
-}
-
-class WorkstationTest : public testing::Test
-{
-protected:
-    void SetUp() override
-    {
-        qputenv("HALVANE_HOME", m_folder.filePath("home").toLocal8Bit());
-        m_services = std::make_unique<ApplicationServices>(ApplicationServices::Mode::Attended);
-        HostServices::install(m_services.get());
-        m_window = std::make_unique<MainWindow>(*m_services);
-        m_window->startPlugins({QStringLiteral(PLUGIN_FOLDER)});
-        m_window->show();
-        ASSERT_TRUE(QTest::qWaitForWindowExposed(m_window.get()));
-        ASSERT_EQ(m_window->plugins().plugins().size(), 1u);
-    }
-
-    void TearDown() override
-    {
-        m_window.reset();
-        HostServices::install(nullptr);
-        m_services.reset();
-    }
-
-    QWidget* palette() const { return m_window->plugins().plugins()[0].instance->getPaletteWidget(); }
-
-    /// A RAW file whose header says everything but for the number of slices, where `whole` is false.
-    QString rawFile(const QString& name, bool whole) const
-    {
-        QFile file(m_folder.filePath(name));
-        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
-        if (whole)
-            file.write(
-                "VolumeSize 40 40 40\nVoxelSize 8\nVolumeScale 1.0 1.0 1.0\nField Density Format u\n##\f\n");
-        file.write(cubeVoxels());
-        return file.fileName();
-    }
-
-    /// Drops files on the palette, as the mouse would; false when the palette refuses the drag.
-    bool drop(const QStringList& files) const
-    {
-        QMimeData data;
-        QList<QUrl> urls;
-        for (const QString& file : files)
-            urls << QUrl::fromLocalFile(file);
-        data.setUrls(urls);
-        QDragEnterEvent enter(QPoint(20, 20), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-        enter.setAccepted(false);
-        QApplication::sendEvent(palette(), &enter);
-        if (!enter.isAccepted()) return false;
-        QDropEvent event(QPointF(20, 20), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-        QApplication::sendEvent(palette(), &event);
-        EXPECT_TRUE(event.isAccepted());
-        return true;
-    }
-
-    C3DObject* volume() const
-    {
-        CHVSSequenceDataset* sequence = m_window->workspace().activeSequence();
-        return sequence ? qobject_cast<C3DObject*>(sequence->get3DSGManager()->getNode("GLVolume")) : nullptr;
-    }
-
-    /// The middle of the 3D view from the front, against its ground.
-    bool isCubeSeen() const
-    {
-        C3DScene* scene = m_window->activeScene();
-        if (!scene) return false;
-        ViewControl view(*scene);
-        view.reset();
-        const QImage picture = view.picture(QSize(120, 120));
-        return !picture.isNull() && qGray(picture.pixel(60, 60)) > qGray(picture.pixel(2, 60)) + 40;
-    }
-
-    QTemporaryDir m_folder;
-    std::unique_ptr<ApplicationServices> m_services;
-    std::unique_ptr<MainWindow> m_window;
-};
+using WorkstationTest = WorkstationFixture;
 
 TEST_F(WorkstationTest, ThePaletteIsDockedAndWaitsForASequence)
 {
@@ -231,7 +125,7 @@ TEST_F(WorkstationTest, AFileThatIsNoVolumeIsRefusedWithABoxAndTheOldVolumeStays
 {
     m_window->newScene();
     ASSERT_TRUE(drop({rawFile("cube.vox", true)}));
-    C3DObject* before = volume();
+    C3DVolumeData* before = volume();
     QFile letter(m_folder.filePath("letter.txt"));
     ASSERT_TRUE(letter.open(QIODevice::WriteOnly));
     letter.write("Dear reader");
@@ -259,7 +153,7 @@ TEST_F(WorkstationTest, ASecondLoadReplacesTheVolumeInTheSameScene)
 {
     const QString file = rawFile("cube.vox", true);
     m_window->openVolume({file});
-    C3DObject* before = volume();
+    C3DVolumeData* before = volume();
     EXPECT_EQ(m_window->openVolume({file}), MainWindow::OpenResult::Loaded);
     EXPECT_EQ(volume(), before);
     EXPECT_EQ(SequenceRegistry::instance().sequences().size(), 1);

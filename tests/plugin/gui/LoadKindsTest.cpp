@@ -146,6 +146,31 @@ TEST_F(LoadKinds, AnAxialSeriesStandsUpright)
     EXPECT_EQ(loaded, slices);
 }
 
+// The extents of the columns and of the rows stand crosswise for sagittal slices, and for those only.
+TEST_F(LoadKinds, SagittalSlicesOfUnequalSidesComeOutOfProportion)
+{
+    const DicomBuilder sagittal = DicomBuilder().orientation({0, -1, 0}, {0, 0, -1});
+    EXPECT_TRUE(load(writeDicomSeries(files.path(), sagittal, 128, 64, 3, {0, 0, 0}, {2, 0, 0},
+                                      [](unsigned x, unsigned y, unsigned z) { return x + 10 * y + z; })));
+    expectCounts(3, 64, 128);
+    const Coord3d thickness = nodeOf(sequence)->getThickness();
+    EXPECT_NEAR(thickness.x, 2.0, 1e-5);
+    EXPECT_NEAR(thickness.y, 2.0, 1e-5) << "128 mm over 64 rows, in place of 64";
+    EXPECT_NEAR(thickness.z, 0.5, 1e-5) << "64 mm over 128 columns, in place of 128";
+}
+
+TEST_F(LoadKinds, CoronalSlicesKeepTheirProportion)
+{
+    const DicomBuilder coronal = DicomBuilder().orientation({1, 0, 0}, {0, 0, -1}).spacing(0.5, 0.25);
+    EXPECT_TRUE(load(writeDicomSeries(files.path(), coronal, 128, 64, 3, {0, 0, 0}, {0, 2, 0},
+                                      [](unsigned x, unsigned y, unsigned z) { return x + 10 * y + z; })));
+    expectCounts(128, 64, 3);
+    const Coord3d thickness = nodeOf(sequence)->getThickness();
+    EXPECT_NEAR(thickness.x, 0.25, 1e-5);
+    EXPECT_NEAR(thickness.y, 0.5, 1e-5);
+    EXPECT_NEAR(thickness.z, 2.0, 1e-5);
+}
+
 TEST_F(LoadKinds, ASingleSliceGetsTheThicknessThatItTells)
 {
     const QStringList one = series(DicomBuilder().set(0x0018, 0x0050, "3.5"), 1);

@@ -10,6 +10,7 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <functional>
 
 namespace {
 
@@ -37,8 +38,11 @@ protected:
         return files;
     }
 
+    /// `placeInRaw` tells for voxel (x, y, z) which one of the RAW file is expected there.
     template <class Reader>
-    void expectTheAnimalAsInRaw(Reader& reader)
+    void expectTheAnimalAsInRaw(
+        Reader& reader,
+        const std::function<std::size_t(std::size_t x, std::size_t y, std::size_t z)>& placeInRaw = rawIndex)
     {
         const auto raw = phantom::sampledFrames(phantom::Scan(phantom::mouseOnBed(), n, 1), 0, n, 16, 1);
         ASSERT_NE(reader.getVoxels(), nullptr);
@@ -51,13 +55,16 @@ protected:
         const double high = static_cast<double>(reader.getMaxValue());
         ASSERT_GT(high, low + 1000);
         for (std::size_t i = 0; i < raw.size() / 2; ++i) {
-            const double sample = raw[2 * i] | raw[2 * i + 1] << 8;
+            const std::size_t place = placeInRaw(i % n, i / n % n, i / n / n);
+            const double sample = raw[2 * place] | raw[2 * place + 1] << 8;
             const int voxel = static_cast<int>(std::min((sample - low) * 255.0 / (high - low) + 0.5, 255.0));
             ASSERT_LE(std::abs(reader.getVoxels()[i] - voxel), 1)
                 << "x " << i % n << " y " << i / n % n << " z " << i / n / n;
         }
         EXPECT_THAT(m_host.failures(), testing::IsEmpty());
     }
+
+    static std::size_t rawIndex(std::size_t x, std::size_t y, std::size_t z) { return x + n * (y + n * z); }
 
     viz_test::RecordingHost m_host;
 
@@ -87,6 +94,22 @@ INSTANTIATE_TEST_SUITE_P(
                     Call{"--format=dicom-multiframe", "--orientation=coronal"},
                     Call{"--format=dicom-multiframe", "--orientation=sagittal"},
                     Call{"--format=dicom-native"}, Call{"--format=dicom-native-multiframe"}));
+
+/// Slices are mirrored and their order is turned round in every plane, which puts only axial ones right. The
+/// others lie half around the axis from left to right: on the head, and on the back.
+TEST_F(Phantom, feetFirstCoronalAndSagittalLieTurned)
+{
+    const auto turned = [](std::size_t x, std::size_t y, std::size_t z) {
+        return rawIndex(x, n - 1 - y, n - 1 - z);
+    };
+    for (const char* plane : {"--orientation=coronal", "--orientation=sagittal"}) {
+        SCOPED_TRACE(plane);
+        CVolumeDicom reader(nullptr);
+        ASSERT_TRUE(reader.loadVolumeFiles(written({"--format=dicom", "--feet-first", plane}),
+                                           viz_test::allFrames, viz_test::allFrames, false));
+        expectTheAnimalAsInRaw(reader, turned);
+    }
+}
 
 TEST_F(Phantom, tiffLiesAsInRaw)
 {
