@@ -3,6 +3,80 @@
 #include "support/dicom/DicomBuilder.h"
 
 #include <algorithm>
+#include <functional>
+#include <zlib.h>
+
+namespace {
+
+QByteArray openSequences(int count)
+{
+    static constexpr char bytes[] = "\x08\0\x40\x11SQ\0\0\xFF\xFF\xFF\xFF\xFE\xFF\0\xE0\xFF\xFF\xFF\xFF";
+    return QByteArray(bytes, sizeof bytes - 1).repeated(count);
+}
+
+// Deflated bytes without a header of their own, as in DICOM; both ways.
+QByteArray inflated(QByteArray bytes)
+{
+    QByteArray result(16 << 20, '\0');
+    z_stream stream = {};
+    inflateInit2(&stream, -MAX_WBITS);
+    stream.next_in = reinterpret_cast<Bytef*>(bytes.data());
+    stream.avail_in = static_cast<uInt>(bytes.size());
+    stream.next_out = reinterpret_cast<Bytef*>(result.data());
+    stream.avail_out = static_cast<uInt>(result.size());
+    inflate(&stream, Z_FINISH);
+    result.truncate(static_cast<int>(stream.total_out));
+    inflateEnd(&stream);
+    return result;
+}
+
+QByteArray deflated(QByteArray bytes)
+{
+    QByteArray result(bytes.size() + 1024, '\0');
+    z_stream stream = {};
+    deflateInit2(&stream, Z_BEST_SPEED, Z_DEFLATED, -MAX_WBITS, 8, Z_DEFAULT_STRATEGY);
+    stream.next_in = reinterpret_cast<Bytef*>(bytes.data());
+    stream.avail_in = static_cast<uInt>(bytes.size());
+    stream.next_out = reinterpret_cast<Bytef*>(result.data());
+    stream.avail_out = static_cast<uInt>(result.size());
+    deflate(&stream, Z_FINISH);
+    result.truncate(static_cast<int>(stream.total_out));
+    deflateEnd(&stream);
+    return result;
+}
+
+// Behind the header, whose length stands in its first attribute.
+int attributesOf(QByteArray const& file)
+{
+    unsigned length = 0;
+    for (int i = 0; i < 4; ++i)
+        length |= static_cast<unsigned char>(file[140 + i]) << 8 * i;
+    return 144 + static_cast<int>(length);
+}
+
+QByteArray withChangedAttributes(QByteArray const& file, std::function<void(QByteArray&)> const& change)
+{
+    int const start = attributesOf(file);
+    bool const isDeflated = file.left(start).contains("1.2.840.10008.1.2.1.99");
+    QByteArray attributes = isDeflated ? inflated(file.mid(start)) : file.mid(start);
+    change(attributes);
+    return file.left(start) + (isDeflated ? deflated(attributes) : attributes);
+}
+
+}  // namespace
+
+QByteArray nestedDicom(QByteArray const& file, int levels)
+{
+    return withChangedAttributes(file, [levels](QByteArray& attributes) {
+        attributes.insert(attributes.indexOf(QByteArray("\x10\0\x10\0PN", 6)), openSequences(levels));
+    });
+}
+
+QByteArray nestedAtEnd(QByteArray const& file, int levels)
+{
+    return withChangedAttributes(
+        file, [levels](QByteArray& attributes) { attributes.append(openSequences(levels)); });
+}
 
 QByteArray mutationSeed(int kind)
 {

@@ -1,3 +1,4 @@
+#include "support/dicom/DicomMutations.h"
 #include "volume/support/DicomVolume.h"
 
 #include <QFile>
@@ -194,6 +195,21 @@ TEST_F(DicomFailure, AFileRemovedBetweenThePasses)
     ASSERT_TRUE(load(files));
     EXPECT_FALSE(QFile::exists(files.last()));
     expectPattern(2, {0, 1, 2});
+}
+
+// The parser goes down by a call for each level.
+TEST_F(DicomFailure, NestingWithoutEndIsNoDicom)
+{
+    for (const char* syntax : {"1.2.840.10008.1.2.1", "1.2.840.10008.1.2.1.99"}) {
+        const QByteArray whole = slice().transferSyntax(syntax).bytes();
+        const QString before = writeBytes("before.dcm", nestedDicom(whole, 100000));
+        const QString behind = writeBytes("behind.dcm", nestedAtEnd(whole, 100000));
+        expectRefused({before}, nothingUsable);
+        expectRefused({behind}, nothingUsable);
+        ASSERT_TRUE(load(series(3) + QStringList{before, behind})) << syntax;
+        expectPattern(2, {0, 1, 2});
+        host.entries.clear();
+    }
 }
 
 // What tells the readers apart lies in the file's header; none of its bytes may do harm.

@@ -1,5 +1,6 @@
 #include "DicomNesting.h"
 
+#include "InflatedFile.h"
 #include "logic/Nesting.h"
 
 #include <algorithm>
@@ -32,16 +33,20 @@ public:
     {
         if (count > m_bytes.size()) return false;
         if (offset < m_start || offset - m_start > m_filled || m_filled - (offset - m_start) < count) {
-            ssize_t const got =
-                m_file < 0 || offset > farthest
-                    ? -1
-                    : ::pread(m_file, m_bytes.data(), m_bytes.size(), static_cast<off_t>(offset));
+            m_filled = fill(offset, m_bytes.data(), m_bytes.size());
             m_start = offset;
-            m_filled = static_cast<std::size_t>(std::max<ssize_t>(got, 0));
             if (m_filled < count) return false;
         }
         std::memcpy(target, m_bytes.data() + (offset - m_start), count);
         return true;
+    }
+
+    // As many bytes from `offset` on as there are, at most `count`.
+    std::size_t fill(std::uint64_t offset, std::uint8_t* target, std::size_t count) const
+    {
+        if (m_file < 0 || offset > farthest) return 0;
+        ssize_t const got = ::pread(m_file, target, count, static_cast<off_t>(offset));
+        return static_cast<std::size_t>(std::max<ssize_t>(got, 0));
     }
 
 private:
@@ -57,9 +62,21 @@ private:
 bool isNestedTooDeep(char const* path)
 {
     Window window(path);
-    return nestingDepth([&window](std::uint64_t offset, std::uint8_t* target,
-                                  std::size_t count) { return window.read(offset, target, count); },
-                        deepest) >= deepest;
+    ByteSource const plain = [&window](std::uint64_t offset, std::uint8_t* target, std::size_t count) {
+        return window.read(offset, target, count);
+    };
+    if (auto const start = deflatedAttributes(plain)) {
+        InflatedFile inflated(
+            [&window, start](std::uint64_t offset, std::uint8_t* target, std::size_t count) {
+                return window.fill(*start + offset, target, count);
+            });
+        ByteSource const attributes = [&inflated](std::uint64_t offset, std::uint8_t* target,
+                                                  std::size_t count) {
+            return inflated.read(offset, target, count);
+        };
+        return nestingDepth(attributes, deepest) >= deepest;
+    }
+    return nestingDepth(plain, deepest) >= deepest;
 }
 
 }  // namespace hvdicom

@@ -14,9 +14,6 @@
 #include <dcmtk/dcmdata/dcdeftag.h>
 #include <dcmtk/dcmdata/dcfilefo.h>
 
-#include <QFile>
-#include <QFileInfo>
-
 #include <limits>
 
 namespace {
@@ -68,9 +65,7 @@ bool CVolumeDicom::loadMultiFrame(const QString& path, unsigned first, unsigned 
     m_images.push_back(std::make_unique<ImageDesc>());
     DcmFileFormat& file = *m_images.front()->m_file;
     CHVDcmImage source;
-    if (!QFileInfo(path).isFile() || file.loadFile(QFile::encodeName(path).constData()).bad() ||
-        !source.LoadFromDICOMFile(path))
-        return fail(dicom_message::notCompatible);
+    if (!parseFile(path, file) || !source.LoadFromDICOMFile(path)) return fail(dicom_message::notCompatible);
     m_info = source.getGroupElementInfo();
     m_frames = static_cast<std::uint32_t>(source.getFrameCount());
     setNumberOfFrames(m_frames);

@@ -16,7 +16,6 @@
 #include <dcmtk/dcmdata/dcfilefo.h>
 
 #include <QCursor>
-#include <QFile>
 #include <QFileInfo>
 
 #include <optional>
@@ -39,16 +38,6 @@ namespace {
 
 constexpr unsigned largest8Bit = 255;
 constexpr unsigned largest16Bit = 65535;
-
-// Pipes and devices are no files: reading one might never end.
-bool readFile(const QString& path, DcmFileFormat& file)
-{
-    if (!QFileInfo(path).isFile()) return false;
-    const QByteArray name = QFile::encodeName(path);
-    const OFCondition loaded =
-        file.loadFile(name.constData(), EXS_Unknown, EGL_noChange, 4096, ERM_autoDetect);
-    return loaded.good() && file.getDataset() != nullptr;
-}
 
 // What the files take on the disk, and so about in memory.
 std::uint64_t bytesOf(const QStringList& files)
@@ -152,7 +141,7 @@ bool CVolumeDicom::scanSeries(const QStringList& files, LoadProgress& progress, 
         if (!progress.next(label, i, fileCount)) return fail(dicom_message::scanAborted);
 
         auto image = std::make_unique<ImageDesc>();
-        if (!readFile(path, *image->m_file) || image->m_file->getDataset()->loadAllDataIntoMemory().bad()) {
+        if (!parseFile(path, *image->m_file) || image->m_file->getDataset()->loadAllDataIntoMemory().bad()) {
             ++scan.accepted;  // kept: a first file that is no DICOM leaves no reference to the others
             continue;
         }

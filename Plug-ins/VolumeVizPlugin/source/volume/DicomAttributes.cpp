@@ -1,11 +1,15 @@
 #include "volume/DicomAttributes.h"
 
+#include "hvdicom/CDicomReader.h"
 #include "volume/logic/NumberText.h"
 
 #include <dcmtk/config/osconfig.h>
 
 #include <dcmtk/dcmdata/dcdeftag.h>
 #include <dcmtk/dcmdata/dcfilefo.h>
+
+#include <QFile>
+#include <QFileInfo>
 
 #include <limits>
 #include <string_view>
@@ -28,6 +32,16 @@ std::string_view viewOf(const OFString& text)
 }
 
 }  // namespace
+
+bool parseFile(const QString& path, DcmFileFormat& file)
+{
+    if (!QFileInfo(path).isFile()) return false;  // a pipe or a device might never end
+    const QByteArray name = QFile::encodeName(path);
+    if (!CDicomReader::isDicom(name.constData())) return false;
+    const OFCondition loaded =
+        file.loadFile(name.constData(), EXS_Unknown, EGL_noChange, 4096, ERM_autoDetect);
+    return loaded.good() && file.getDataset() != nullptr;
+}
 
 QString dicomText(DcmFileFormat& file, const DcmTagKey& tag, unsigned long position)
 {

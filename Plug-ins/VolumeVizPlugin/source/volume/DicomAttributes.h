@@ -11,6 +11,12 @@
 class DcmFileFormat;
 class DcmTagKey;
 
+/// Parses a file; its pixels stay on the disk.
+/// @return false for what is no file, is no DICOM file to the host, or cannot be parsed. The host's word
+/// comes
+///         first: it knows files that would not let the parser go, nested without end.
+bool parseFile(const QString& path, DcmFileFormat& file);
+
 // Attributes of a parsed DICOM file, as the reader of volumes takes them. Numbers are read with a decimal
 // point whatever the desktop's locale; one that is empty, no number or not finite counts as missing.
 

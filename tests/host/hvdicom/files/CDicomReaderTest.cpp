@@ -3,6 +3,7 @@
 #include "DicomFiles.h"
 #include "hvimage/CILImage.h"
 #include "support/SharedData.h"
+#include "support/dicom/DicomMutations.h"
 
 #include <algorithm>
 #include <gmock/gmock.h>
@@ -342,4 +343,17 @@ TEST_F(CDicomReaderTest, readsRealFiles)
         if (frame<U16>(0) == plain) ++same;
     }
     EXPECT_EQ(same, folder.entryList({"*.dcm"}, QDir::Files).size());
+}
+
+TEST_F(CDicomReaderTest, refusesNestingWithoutEnd)
+{
+    for (char const* const syntax : {"1.2.840.10008.1.2.1", "1.2.840.10008.1.2.1.99"}) {
+        QByteArray const whole = DicomBuilder().transferSyntax(syntax).bytes();
+        for (QByteArray const& bytes : {nestedDicom(whole, 100000), nestedAtEnd(whole, 100000)}) {
+            QString const file = writeBytes(bytes);
+            EXPECT_FALSE(CDicomReader::isDicom(viz_test::encoded(file).constData())) << syntax;
+            EXPECT_EQ(reader.initDicomImporter(file), eStatusUnsupportedFile) << syntax;
+        }
+        EXPECT_TRUE(CDicomReader::isDicom(viz_test::encoded(writeBytes(whole)).constData())) << syntax;
+    }
 }

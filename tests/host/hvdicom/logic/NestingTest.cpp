@@ -6,16 +6,19 @@
 
 namespace {
 
+hvdicom::ByteSource sourceOf(QByteArray const& bytes)
+{
+    return [&bytes](std::uint64_t offset, std::uint8_t* target, std::size_t count) {
+        auto const size = static_cast<std::uint64_t>(bytes.size());
+        if (offset > size || size - offset < count) return false;
+        std::memcpy(target, bytes.constData() + offset, count);
+        return true;
+    };
+}
+
 unsigned depth(QByteArray const& bytes, unsigned limit = 1000)
 {
-    return hvdicom::nestingDepth(
-        [&bytes](std::uint64_t offset, std::uint8_t* target, std::size_t count) {
-            auto const size = static_cast<std::uint64_t>(bytes.size());
-            if (offset > size || size - offset < count) return false;
-            std::memcpy(target, bytes.constData() + offset, count);
-            return true;
-        },
-        limit);
+    return hvdicom::nestingDepth(sourceOf(bytes), limit);
 }
 
 template <std::size_t N>
@@ -92,4 +95,42 @@ TEST(Nesting, survivesWhatMakesNoSense)
         EXPECT_LE(depth(whole.left(length)), 5U);
     // items without a sequence
     EXPECT_EQ(depth(withSequences(raw("\xFE\xFF\0\xE0\xFF\xFF\xFF\xFF").repeated(2000)), 100), 100U);
+}
+
+TEST(Nesting, looksBehindThePixels)
+{
+    for (char const* const syntax :
+         {"1.2.840.10008.1.2.1", "1.2.840.10008.1.2.5", "1.2.840.10008.1.2.4.70", "1.2.840.10008.1.2.4.90"}) {
+        QByteArray const file = DicomBuilder().size(16, 16, 3).transferSyntax(syntax).bytes();
+        EXPECT_EQ(depth(file), 0U) << syntax;
+        EXPECT_EQ(depth(file + openSequences(30)), 30U) << syntax;
+    }
+}
+
+// Pixels of a file that writes no representations may begin like an item.
+TEST(Nesting, takesNoPixelsForItems)
+{
+    std::vector<std::int64_t> samples(256, 0xE000);
+    for (std::size_t i = 0; i < samples.size(); i += 2)
+        samples[i] = 0xFFFE;
+    QByteArray const file =
+        DicomBuilder().size(16, 16).bits(16, 16).samples(samples).transferSyntax("1.2.840.10008.1.2").bytes();
+    ASSERT_TRUE(file.contains(raw("\xFE\xFF\0\xE0\xFE\xFF\0\xE0")));
+    EXPECT_EQ(depth(file), 0U);
+}
+
+TEST(Nesting, tellsWhereDeflatedAttributesBegin)
+{
+    QByteArray const plain = DicomBuilder().bytes();
+    EXPECT_FALSE(hvdicom::deflatedAttributes(sourceOf(plain)).has_value());
+    QByteArray const none;
+    EXPECT_FALSE(hvdicom::deflatedAttributes(sourceOf(none)).has_value());
+
+    QByteArray const file = DicomBuilder().transferSyntax("1.2.840.10008.1.2.1.99").bytes();
+    auto const start = hvdicom::deflatedAttributes(sourceOf(file));
+    ASSERT_TRUE(start.has_value());
+    // 132 bytes before the header, and 12 of its first attribute, which holds the length of the rest
+    auto const rest = static_cast<unsigned char>(file[140]);
+    EXPECT_EQ(*start, 144U + rest);
+    EXPECT_EQ(depth(file), 0U);
 }

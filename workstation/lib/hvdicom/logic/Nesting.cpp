@@ -39,9 +39,16 @@ public:
 
     unsigned depth()
     {
-        std::uint64_t const start = dataSetStart();
-        if (start != nowhere) follow(start);
+        std::uint64_t const start = behindHeader();
+        if (start != nowhere && !m_isDeflated && guessEncoding(start)) follow(start);
         return m_deepest;
+    }
+
+    std::optional<std::uint64_t> deflated()
+    {
+        std::uint64_t const start = behindHeader();
+        if (start == nowhere || !m_isDeflated) return std::nullopt;
+        return start;
     }
 
 private:
@@ -91,8 +98,7 @@ private:
         return true;
     }
 
-    // Behind the file's own header, whose transfer syntax becomes the encoding.
-    std::uint64_t dataSetStart()
+    std::uint64_t behindHeader()
     {
         std::array<std::uint8_t, 132> b = {};
         bool const hasHeader =
@@ -109,12 +115,18 @@ private:
             }
             at = attribute.value + attribute.length;
         }
-        if (syntax == "1.2.840.10008.1.2.1.99") return nowhere;
-        // Files lie about their syntax: what the first attribute looks like counts.
-        if (!m_file(at, b.data(), 8)) return nowhere;
+        m_isDeflated = syntax == "1.2.840.10008.1.2.1.99";
+        return at;
+    }
+
+    // Files lie about their syntax: what the first attribute looks like counts.
+    bool guessEncoding(std::uint64_t at)
+    {
+        std::array<std::uint8_t, 8> b = {};
+        if (!m_file(at, b.data(), b.size())) return false;
         m_encoding.isLittleEndian = !(b[0] == 0 && b[1] != 0);
         m_encoding.isExplicit = b[4] >= 'A' && b[4] <= 'Z' && b[5] >= 'A' && b[5] <= 'Z';
-        return at;
+        return true;
     }
 
     void leave()
@@ -153,8 +165,8 @@ private:
             } else if (attribute.tag == itemEnd || attribute.tag == sequenceEnd) {
                 if (!m_levels.empty() && m_levels.back().isItem == (attribute.tag == itemEnd)) leave();
                 at = attribute.value;
-            } else if (attribute.tag == pixelData && m_levels.empty()) {
-                return;
+            } else if (attribute.tag == pixelData && attribute.length != undefined) {
+                at = next;
             } else if (attribute.length == undefined || attribute.representation == "SQ" ||
                        (attribute.representation != "OB" && attribute.representation != "OW" &&
                         beginsWithItem(attribute))) {
@@ -171,6 +183,7 @@ private:
     ByteSource const& m_file;
     unsigned const m_limit;
     Encoding m_encoding;
+    bool m_isDeflated = false;
     std::vector<Level> m_levels;
     unsigned m_depth = 0;
     unsigned m_deepest = 0;
@@ -181,6 +194,11 @@ private:
 unsigned nestingDepth(ByteSource const& file, unsigned limit)
 {
     return Walk(file, limit).depth();
+}
+
+std::optional<std::uint64_t> deflatedAttributes(ByteSource const& file)
+{
+    return Walk(file, 0).deflated();
 }
 
 }  // namespace hvdicom
