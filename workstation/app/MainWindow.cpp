@@ -68,6 +68,7 @@ MainWindow::MainWindow(ApplicationServices& services, QWidget* parent)
     , m_pPaletteDock(new PaletteDock)
     , m_pLogDock(new LogDock(m_log))
     , m_pProcess(new LongProcessDialog(this))
+    , m_pReadoutLabel(new QLabel)
     , m_pSequenceLabel(new QLabel)
 {
     setObjectName(QStringLiteral("MainWindow"));
@@ -81,6 +82,11 @@ MainWindow::MainWindow(ApplicationServices& services, QWidget* parent)
     addDockWidget(Qt::BottomDockWidgetArea, m_pLogDock);
     resizeDocks({m_pLogDock}, {150}, Qt::Vertical);
     statusBar()->setObjectName(QStringLiteral("StatusBar"));
+    m_pReadoutLabel->setObjectName(QStringLiteral("ReadoutLabel"));
+    m_pReadoutLabel->setAccessibleName(QStringLiteral("Voxel under the mouse"));
+    // a long text is cut and does not keep the window wide
+    m_pReadoutLabel->setMinimumWidth(1);
+    statusBar()->addPermanentWidget(m_pReadoutLabel);
     statusBar()->addPermanentWidget(m_pSequenceLabel);
 
     buildMenus();
@@ -137,6 +143,11 @@ void MainWindow::connectRequests()
             [] { logText(QStringLiteral("The volume could not be loaded."), CHVSLog::eStatusLine); });
     connect(m_pWorkspace, &Workspace::sequenceChanged, this, &MainWindow::updateActions);
     connect(m_pWorkspace, &Workspace::tabChanged, this, &MainWindow::updateActions);
+    connect(&WindowRegistry::instance(), &WindowRegistry::readoutChanged, this,
+            [this](CHVSSequenceWindow*, const QString& text) { m_pReadoutLabel->setText(text); });
+    // a view that goes says nothing any more
+    connect(m_pWorkspace, &Workspace::sequenceAboutToBeRemoved, m_pReadoutLabel, &QLabel::clear);
+    connect(m_pWorkspace, &Workspace::sequenceChanged, m_pReadoutLabel, &QLabel::clear);
 }
 
 void MainWindow::startPlugins(const QStringList& folders)

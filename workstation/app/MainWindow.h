@@ -115,6 +115,7 @@ private:
     PaletteDock* m_pPaletteDock;
     LogDock* m_pLogDock;
     LongProcessDialog* m_pProcess;
+    QLabel* m_pReadoutLabel;
     QLabel* m_pSequenceLabel;
     QToolBar* m_pToolBar = nullptr;
     QMenu* m_pFileMenu = nullptr;

@@ -69,6 +69,9 @@ signals:
     void measuringChanged(bool bMeasuring);
     /// The user has measured a distance, in millimetres.
     void distanceMeasured(double distance);
+    /// A line that tells of the voxel under the mouse: where it is seen, its value, and what that stands for.
+    /// Empty when there is none.
+    void voxelUnderMouseChanged(QString text);
 
 protected:
     void renderDecorations() override;

@@ -10,6 +10,10 @@
 ///
 /// Voxels are stored with the width running fastest, then the height, then the depth. The box is in the
 /// volume's own space, in millimetres; width, height and depth lie along x, y and z.
+///
+/// Who shows the values of a volume in a unit of their own tells the views of it by three dynamic properties:
+/// "valueUnit", the name of the unit, and "valueAtLowest" and "valueAtHighest", real numbers for which voxels
+/// 0 and 255 stand. Without them values are counts from `getMin` to `getMax`.
 class HVAPI_EXPORT C3DVolumeData : public C3DObject
 {
     Q_OBJECT

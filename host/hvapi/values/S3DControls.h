@@ -10,6 +10,7 @@ struct S3DControls
     bool m_bShowSlice[3] = {false, false, false};  ///< the slice planes across x, y and z are shown
     bool m_bShowBoundingBox = true;                ///< frames around the objects are drawn
     bool m_bShowAxes = true;                       ///< the axes of orientation are drawn
+    bool m_bShowScaleBar = true;                   ///< the bar of a round length is drawn
 };
 
 Q_DECLARE_METATYPE(S3DControls*)

@@ -316,6 +316,42 @@ TEST_F(PaletteTools, ACalibratedSequenceHasHounsfieldUnits)
               QStringList({"Counts", "Absorption"}));
 }
 
+TEST_F(PaletteTools, TheNodeTellsTheUnitThatThePaletteShows)
+{
+    EXPECT_EQ(node->property("valueUnit").toString(), QString("Counts"));
+    EXPECT_EQ(node->property("valueAtLowest").toDouble(), static_cast<double>(node->getMin()));
+    EXPECT_EQ(node->property("valueAtHighest").toDouble(), static_cast<double>(node->getMax()));
+
+    const QTemporaryDir folder;
+    const QString file = disk_sequence::make(folder.filePath("ct"), "CT", {});
+    const QByteArray mark = "Reconstructed Volume Max = 1.5\n";
+    EXPECT_TRUE(disk_sequence::put(
+        file, disk_sequence::bytesOf(file).replace(
+                  mark, mark + "Hounsfield Calibration Air = -0.5\nHounsfield Calibration Water = 0.5\n")));
+    tag_estatus status = eStatusFailed;
+    CHVSSequenceDataset* opened = SequenceStore::open(folder.filePath("ct"), status);
+    ASSERT_TRUE(opened);
+    plugin.onSignalSequenceChanged(opened);
+    ASSERT_TRUE(palette->onLoadVolumeData({writeRaw("b.raw", {20, 6, 0})}, -1, -1));
+    CGLVolume* calibrated = nodeOf(opened);
+    ASSERT_TRUE(calibrated);
+    // Counts 0 and 99 (the highest value of the file) are absorptions -0.5 and 1.5, water is 0.5, air -0.5.
+    EXPECT_EQ(calibrated->property("valueUnit").toString(), QString("Hounsfield"));
+    EXPECT_NEAR(calibrated->property("valueAtLowest").toDouble(), -1000.0, 1e-3);
+    EXPECT_NEAR(calibrated->property("valueAtHighest").toDouble(), 1000.0, 1e-3);
+    palette->m_pMinMaxUnitCB->setCurrentText("Absorption");
+    EXPECT_EQ(calibrated->property("valueUnit").toString(), QString("Absorption"));
+    EXPECT_NEAR(calibrated->property("valueAtLowest").toDouble(), -0.5, 1e-6);
+    EXPECT_NEAR(calibrated->property("valueAtHighest").toDouble(), 1.5, 1e-6);
+    palette->m_pMinMaxUnitCB->setCurrentText("Counts");
+    EXPECT_EQ(calibrated->property("valueAtHighest").toDouble(), static_cast<double>(calibrated->getMax()));
+    EXPECT_EQ(node->property("valueUnit").toString(), QString("Counts")) << "the other volume keeps its own";
+    palette->onShownUnitChanged("Parsecs");
+    EXPECT_EQ(calibrated->property("valueUnit").toString(), QString("Counts"));
+    close(opened);
+    palette->onShownUnitChanged("Counts");
+}
+
 TEST_F(PaletteTools, CountsAreTheUnitOnOffer)
 {
     EXPECT_EQ(palette->m_pMinMaxUnitCB->count(), 1);

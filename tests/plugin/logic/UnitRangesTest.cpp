@@ -61,6 +61,16 @@ TEST(UnitRanges, AirAndWaterGiveHounsfield)
     EXPECT_NEAR(ranges.conversion[5], 1500.0F, 1e-3);
 }
 
+TEST(UnitRanges, EachUnitHasItsTwoEnds)
+{
+    const std::array<float, 6> ends{1, 2, 3, 4, 5, 6};
+    EXPECT_EQ(rangeIn("Counts", ends), (std::array<float, 2>{1, 2}));
+    EXPECT_EQ(rangeIn("Absorption", ends), (std::array<float, 2>{3, 4}));
+    EXPECT_EQ(rangeIn("Hounsfield", ends), (std::array<float, 2>{5, 6}));
+    EXPECT_FALSE(rangeIn("counts", ends));
+    EXPECT_FALSE(rangeIn("", ends));
+}
+
 TEST(UnitRanges, HounsfieldNeedsAbsorption)
 {
     UnitFacts facts = calibrated();

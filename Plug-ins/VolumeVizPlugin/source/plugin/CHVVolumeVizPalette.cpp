@@ -156,6 +156,7 @@ void CHVVolumeVizPalette::connectControls()
     connect(m_pCroptoolButton, SIGNAL(toggled(bool)), this, SLOT(onToggleCropTool(bool)));
     connect(m_pCropResetBtn, SIGNAL(clicked()), this, SLOT(onCropReset()));
     connect(m_pVolumeInfoDialogButton, SIGNAL(clicked()), this, SLOT(onShowVolumeInfoDialog()));
+    connect(m_pMinMaxUnitCB, SIGNAL(currentTextChanged(QString)), this, SLOT(onShownUnitChanged(QString)));
 }
 
 HVS_COLORTABLE_TYPES CHVVolumeVizPalette::getColorTableType(int index)

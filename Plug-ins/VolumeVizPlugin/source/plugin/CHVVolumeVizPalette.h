@@ -135,6 +135,8 @@ public slots:
     void onToggleTransformReset();
     /// Opens the crop box to the whole volume.
     void onCropReset();
+    /// Tells the views of the host the unit that values are shown in.
+    void onShownUnitChanged(QString unit);
     /// Lets the user change spacing and axis orientation of the loaded volume.
     void onShowVolumeInfoDialog();
 

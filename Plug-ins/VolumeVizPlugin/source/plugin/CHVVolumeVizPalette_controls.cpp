@@ -5,9 +5,11 @@
 #include "hvparser/CPLSection.h"
 #include "hvparser/CPLSequenceInfo.h"
 #include "hvutils/CHVSPalettePixmapView.h"
+#include "plugin/PaletteTarget.h"
 #include "plugin/WidgetSync.h"
 #include "plugin/logic/SourceLimits.h"
 #include "plugin/logic/UnitRanges.h"
+#include "render/CGLVolume.h"
 
 #include <QButtonGroup>
 
@@ -113,6 +115,18 @@ void CHVVolumeVizPalette::rebuildUnitList(const SVolVizControls& record)
         combo.addItems(ranges.units());
         combo.setCurrentIndex(combo.count() - 1);
     });
+    onShownUnitChanged(m_pMinMaxUnitCB->currentText());
+}
+
+/// The views of the host show values in the palette's unit as well.
+void CHVVolumeVizPalette::onShownUnitChanged(QString unit)
+{
+    CGLVolume* node = PaletteTarget::of(m_pSequenceDataset).node;
+    const auto range = rangeIn(unit, m_fUnitConversion);
+    if (!node || !range) return;
+    node->setProperty("valueUnit", unit);
+    node->setProperty("valueAtLowest", static_cast<double>(range->front()));
+    node->setProperty("valueAtHighest", static_cast<double>(range->back()));
 }
 
 bool CHVVolumeVizPalette::updateVolumeTab(const SVolVizControls& record)

@@ -11,6 +11,7 @@
 #include "lib/hvapi/windows/WindowRegistry.h"
 #include "support/ModalWatcher.h"
 
+#include <QAccessible>
 #include <QAction>
 #include <QLabel>
 #include <QListWidget>
@@ -194,6 +195,65 @@ TEST_F(SequenceWindowTest, ButtonsToggleBoxAndAxes)
     EXPECT_EQ(window->getWindowControls()->m_3DControls.m_bShowAxes, !axes);
     click(window, "m_pShowAxes");
     EXPECT_EQ(view.isAxesShown(), axes);
+}
+
+TEST_F(SequenceWindowTest, ScaleBarAndAxesAreKeptForTheNextWindow)
+{
+    auto* window = open(SequenceKind::Scene3D);
+    window->show();
+    ViewControl view(*window->get3DScene());
+    EXPECT_TRUE(view.isScaleBarShown());
+    EXPECT_TRUE(view.isAxesShown());
+    click(window, "m_pShowScaleBar");
+    EXPECT_FALSE(view.isScaleBarShown());
+    EXPECT_FALSE(window->getWindowControls()->m_3DControls.m_bShowScaleBar);
+    click(window, "m_pShowAxes");
+    auto* next = open(SequenceKind::Scene3D, "next");
+    EXPECT_FALSE(ViewControl(*next->get3DScene()).isScaleBarShown());
+    EXPECT_FALSE(ViewControl(*next->get3DScene()).isAxesShown());
+    EXPECT_FALSE(action(next, "m_pShowScaleBar")->isChecked());
+    click(window, "m_pShowScaleBar");
+    click(window, "m_pShowAxes");
+    auto* third = open(SequenceKind::Sla, "third");
+    third->prepare3DView();
+    EXPECT_TRUE(ViewControl(*third->get3DScene()).isScaleBarShown());
+    EXPECT_TRUE(ViewControl(*third->get3DScene()).isAxesShown());
+    // What code applies is no choice of the user's.
+    S3DControls controls;
+    controls.m_bShowScaleBar = false;
+    third->apply3DControls(&controls);
+    EXPECT_FALSE(ViewControl(*third->get3DScene()).isScaleBarShown());
+    EXPECT_TRUE(ViewControl(*open(SequenceKind::Scene3D, "fourth")->get3DScene()).isScaleBarShown());
+}
+
+TEST_F(SequenceWindowTest, ScaleBarAndAxesHaveKeysInTheWindowWithTheFocusAndNames)
+{
+    auto* window = open(SequenceKind::Scene3D);
+    auto* other = open(SequenceKind::Scene3D, "other");
+    other->show();
+    window->show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(window));
+    QApplication::setActiveWindow(window);  // a display without a window manager activates nothing by itself
+    window->get3DScene()->setFocus();
+    ViewControl view(*window->get3DScene());
+    QTest::keyClick(window->get3DScene(), Qt::Key_B, Qt::ControlModifier | Qt::ShiftModifier);
+    EXPECT_FALSE(view.isScaleBarShown());
+    EXPECT_TRUE(view.isAxesShown());
+    EXPECT_TRUE(ViewControl(*other->get3DScene()).isScaleBarShown());
+    QTest::keyClick(window->get3DScene(), Qt::Key_A, Qt::ControlModifier | Qt::ShiftModifier);
+    EXPECT_FALSE(view.isAxesShown());
+    QTest::keyClick(window->get3DScene(), Qt::Key_B, Qt::ControlModifier | Qt::ShiftModifier);
+    QTest::keyClick(window->get3DScene(), Qt::Key_A, Qt::ControlModifier | Qt::ShiftModifier);
+    EXPECT_TRUE(view.isScaleBarShown() && view.isAxesShown());
+
+    auto* bar = window->findChild<QToolBar*>("m_pSceneToolBar");
+    for (auto const& wanted : {QPair<char const*, char const*>{"m_pShowScaleBar", "Scale Bar"},
+                               QPair<char const*, char const*>{"m_pShowAxes", "Axes"}}) {
+        QWidget* button = bar->widgetForAction(action(window, wanted.first));
+        auto* accessible = QAccessible::queryAccessibleInterface(button);
+        ASSERT_NE(accessible, nullptr);
+        EXPECT_EQ(accessible->text(QAccessible::Name), QString(wanted.second));
+    }
 }
 
 TEST_F(SequenceWindowTest, TheMeasureButtonTellsWhoeverHasAToolFirst)

@@ -13,6 +13,9 @@ C3DScene::C3DScene(C3DSGManager* manager, QWidget* parent, Qt::WindowFlags flags
     : C3DView(manager, parent, flags)
     , s(std::make_unique<SceneData>(*this))
 {
+    hostSide().followMouse = true;
+    setMouseTracking(true);
+    connect(&s->readout, &hvscene::CursorReadout::textChanged, this, &C3DScene::voxelUnderMouseChanged);
     for (int axis = 0; axis < 3; ++axis) {
         auto& slice = s->slices[static_cast<std::size_t>(axis)];
         slice.reset(new C3DSlice(axis));
@@ -94,6 +97,7 @@ void C3DScene::renderDecorations()
 {
     C3DSGManager* manager = hostSide().manager;
     if (!manager) return;
+    s->readout.sceneChanged();
     // Frames follow whatever has moved in the scene.
     const hvscene::Box scene = hostSide().currentSceneBox();
     for (auto& slice : s->slices)

@@ -2,6 +2,7 @@
 
 #include "hvapi/scene/C3DScene.h"
 #include "hvapi/scene/C3DSlice.h"
+#include "lib/hvapi/scene/CursorReadout.h"
 #include "lib/hvapi/scene/MeasureTool.h"
 #include "lib/hvapi/scene/SceneTool.h"
 #include "lib/hvapi/scene/SliceHandles.h"
@@ -17,6 +18,7 @@ struct C3DScene::SceneData
         : q(scene)
         , sliceHandles(scene)
         , measure(scene)
+        , readout(scene)
     {}
 
     /// The tool in use. One whose object has gone ends here.
@@ -36,6 +38,7 @@ struct C3DScene::SceneData
     std::array<std::unique_ptr<C3DSlice>, 3> slices;
     hvscene::SliceHandles sliceHandles;
     hvscene::MeasureTool measure;
+    hvscene::CursorReadout readout;
     bool measuring = false;
     hvscene::SceneTool* drag = nullptr;  ///< has the mouse
     std::optional<QPoint> measurePress;  ///< a click may follow

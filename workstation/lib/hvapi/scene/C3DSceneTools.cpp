@@ -209,6 +209,7 @@ void C3DScene::mousePressEvent(QMouseEvent* event)
 
 void C3DScene::mouseMoveEvent(QMouseEvent* event)
 {
+    s->readout.moveTo(event->pos());
     if (s->drag && !(event->buttons() & Qt::LeftButton)) s->endDrag(true);  // the release went elsewhere
     if (s->drag) {
         hostSide().noteMotion();
@@ -283,6 +284,7 @@ void C3DScene::leaveEvent(QEvent* event)
     changed = s->measure.leave() || changed;
     s->showCursor();
     if (changed) hostSide().updateOverlay();
+    s->readout.leave();
     C3DView::leaveEvent(event);
 }
 
@@ -290,5 +292,6 @@ void C3DScene::hideEvent(QHideEvent* event)
 {
     s->endDrag(true);
     s->measurePress.reset();
+    s->readout.leave();
     C3DView::hideEvent(event);
 }

@@ -270,7 +270,7 @@ void C3DView::Private::endDrag()
 {
     drag = Drag::None;
     dragButton = Qt::NoButton;
-    q.setMouseTracking(watchMouse);
+    q.setMouseTracking(watchMouse || followMouse);
     noteEndOfMotion();
 }
 
@@ -306,7 +306,7 @@ void C3DView::Private::cameraMoved()
 void C3DView::Private::setWatchMouse(bool watch)
 {
     watchMouse = watch;
-    if (drag == Drag::None) q.setMouseTracking(watch);
+    if (drag == Drag::None) q.setMouseTracking(watchMouse || followMouse);
 }
 
 void C3DView::Private::updateOverlay()

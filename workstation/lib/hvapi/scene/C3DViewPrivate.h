@@ -64,6 +64,7 @@ struct C3DView::Private
     Drag drag = Drag::None;
     Qt::MouseButton dragButton = Qt::NoButton;
     bool watchMouse = false;
+    bool followMouse = false;  ///< positions are wanted, and nothing lights up
     QPoint lastPosition;
     QTimer motionRest;  ///< runs from each step of a motion on
     bool motionShown = true;

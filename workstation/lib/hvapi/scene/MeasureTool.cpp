@@ -1,83 +1,13 @@
 #include "lib/hvapi/scene/MeasureTool.h"
 
-#include "hvapi/scene/C3DSlice.h"
-#include "hvapi/scene/C3DVolumeData.h"
-#include "lib/hvapi/scene/C3DSGManagerPrivate.h"
-#include "lib/hvapi/scene/C3DViewPrivate.h"
-#include "lib/hvapi/scene/logic/CropBox.h"
-#include "lib/hvapi/scene/logic/VoxelPick.h"
-
-#include <limits>
+#include "lib/hvapi/scene/ScenePick.h"
 
 namespace hvscene {
 
-namespace {
-
-Box keptBox(C3DVolumeData& volume, const sCropBoxOffset& held)
-{
-    const Box full = ownBox(volume);
-    if (!volume.isCropEnabled()) return full;
-    CropOffsets offsets;
-    for (std::size_t k = 0; k < 8; ++k)
-        offsets[k] = toVec3(held.m_offset[k]);
-    Box kept;
-    for (const Vec3& corner : cropCorners(full, offsets))
-        kept.add(corner);
-    return kept;
-}
-
-VoxelField fieldOf(C3DVolumeData& volume, const Box& kept)
-{
-    VoxelField field;
-    field.voxels = volume.getVolumeData();
-    field.counts[0] = volume.getWidth();
-    field.counts[1] = volume.getHeight();
-    field.counts[2] = volume.getDepth();
-    const Box box = ownBox(volume);
-    const _tagAxis_Orientation o = volume.getAxisOrientation();
-    // An axis that is turned round starts at the other end.
-    field.first = {-std::fabs(box.min.x) * o.x, -std::fabs(box.min.y) * o.y, -std::fabs(box.min.z) * o.z};
-    field.last = {std::fabs(box.max.x) * o.x, std::fabs(box.max.y) * o.y, std::fabs(box.max.z) * o.z};
-    field.kept = kept;
-    markSolid(volume.getVolumeColorTable(), volume.getVolumeRenderThreshold(), field.solid);
-    return field;
-}
-
-}  // namespace
-
 MeasureTool::Point MeasureTool::pick(const ViewProjection& view, Pixel mouse) const
 {
-    C3DSGManager* manager = m_scene.hostSide().manager;
-    if (!manager) return {};
-    const Ray ray = view.rayThrough(mouse);
-    const sCropBoxOffset crop = m_scene.getCroppingBoxOffset();
-    Point nearest;
-    double best = std::numeric_limits<double>::infinity();
-    const auto offer = [&](C3DVolumeData* volume, const Ray& own, double distance) {
-        if (!(distance < best)) return;
-        best = distance;
-        nearest = Point{volume, own.origin + own.direction * distance};
-    };
-    for (C3DObject* object : manager->hostSide().renderables()) {
-        auto* volume = qobject_cast<C3DVolumeData*>(object);
-        if (!volume || !volume->isDisplayed() || !volume->isValid()) continue;
-        // The direction keeps its length in the scene, so distances of all objects compare.
-        const Matrix16 inverse = toMatrix16(volume->getTransformation().inverse());
-        const Ray own{transformedPoint(inverse, ray.origin), transformedVector(inverse, ray.direction)};
-        const Box kept = keptBox(*volume, crop);
-        if (const auto hit = firstSolidVoxel(fieldOf(*volume, kept), own)) offer(volume, own, hit->distance);
-        const auto span = spanInBox(kept, own);
-        if (!span) continue;
-        const double origin[3] = {ray.origin.x, ray.origin.y, ray.origin.z};
-        const double way[3] = {ray.direction.x, ray.direction.y, ray.direction.z};
-        for (int axis = 0; axis < 3; ++axis) {
-            C3DSlice* slice = m_scene.get3DSliceView(static_cast<C3DScene::slice_view>(axis));
-            if (!slice || !slice->isDisplayed() || way[axis] == 0.0) continue;
-            const double distance = (slice->getPosition() - origin[axis]) / way[axis];
-            if (distance >= span->enter && distance <= span->leave) offer(volume, own, distance);
-        }
-    }
-    return nearest;
+    const PickedPoint picked = pickPoint(m_scene, view, mouse);
+    return picked.volume ? Point{picked.volume.data(), picked.ownPlace} : Point{};
 }
 
 std::optional<Vec3> MeasureTool::placeOf(const Point& point)

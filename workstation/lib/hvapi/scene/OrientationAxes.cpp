@@ -15,14 +15,41 @@ namespace hvscene {
 
 namespace {
 
-struct Axis
+/// An end of an axis.
+struct AxisEnd
 {
-    QString letter;
+    QString letters;
     QColor colour;
+    bool isPositive;
     double x;  // in the window, to the right
     double y;  // up
     double z;  // towards the viewer
 };
+
+/// Both ends of all three axes as the camera sees them, the farthest first.
+std::array<AxisEnd, 6> axisEnds(const Camera& camera)
+{
+    const Vec3 r = camera.right();
+    const Vec3 u = camera.up();
+    const Vec3 b = camera.back();
+    const double right[3] = {r.x, r.y, r.z};
+    const double up[3] = {u.x, u.y, u.z};
+    const double back[3] = {b.x, b.y, b.z};
+    std::array<AxisEnd, 6> ends;
+    for (std::size_t k = 0; k < 6; ++k) {
+        const std::size_t axis = k / 2;
+        const double side = k % 2 ? -1.0 : 1.0;
+        const QString letter = QChar(static_cast<ushort>('X' + axis));
+        ends[k] = {k % 2 ? QChar(0x2212) + letter : letter,
+                   axisColour(static_cast<int>(axis)),
+                   side > 0.0,
+                   side * right[axis],
+                   side * up[axis],
+                   side * back[axis]};
+    }
+    std::stable_sort(ends.begin(), ends.end(), [](const AxisEnd& a, const AxisEnd& c) { return a.z < c.z; });
+    return ends;
+}
 
 bool same(Vec3 a, Vec3 b)
 {
@@ -68,29 +95,30 @@ const QImage& OrientationAxes::image(const Camera& camera, double scale)
     m_image = QImage(side, side, QImage::Format_ARGB32_Premultiplied);
     m_image.fill(Qt::transparent);
 
-    const Vec3 r = camera.right();
-    const Vec3 u = camera.up();
-    const Vec3 b = camera.back();
-    std::array<Axis, 3> axes{{{QStringLiteral("X"), axisColour(0), r.x, u.x, b.x},
-                              {QStringLiteral("Y"), axisColour(1), r.y, u.y, b.y},
-                              {QStringLiteral("Z"), axisColour(2), r.z, u.z, b.z}}};
-    std::stable_sort(axes.begin(), axes.end(), [](const Axis& a, const Axis& c) { return a.z < c.z; });
-
     QPainter painter(&m_image);
     painter.setRenderHint(QPainter::Antialiasing);
     const QPointF middle(side / 2.0, side / 2.0);
     const double arm = 32.0 * scale;
-    const double knob = 9.0 * scale;
-    for (const Axis& axis : axes) {
-        const QColor colour = dimmed(axis.colour, 0.82 + 0.18 * axis.z);
-        const QPointF end = middle + QPointF(axis.x, -axis.y) * arm;
-        painter.setPen(QPen(colour, 2.2 * scale, Qt::SolidLine, Qt::RoundCap));
-        painter.drawLine(middle, end);
-        painter.setPen(Qt::NoPen);
-        painter.setBrush(colour);
-        painter.drawEllipse(end, knob, knob);
-        painter.setBrush(QColor(16, 20, 26));
-        drawText(painter, labelFont(11.5 * scale), axis.letter, end);
+    const QColor dark(16, 20, 26);
+    for (const AxisEnd& end : axisEnds(camera)) {
+        const QColor colour = dimmed(end.colour, 0.82 + 0.18 * end.z);
+        const QPointF place = middle + QPointF(end.x, -end.y) * arm;
+        if (end.isPositive) {
+            painter.setPen(QPen(colour, 2.2 * scale, Qt::SolidLine, Qt::RoundCap));
+            painter.drawLine(middle, place);
+            painter.setPen(Qt::NoPen);
+            painter.setBrush(colour);
+            painter.drawEllipse(place, 9.0 * scale, 9.0 * scale);
+            painter.setBrush(dark);
+            drawText(painter, labelFont(11.5 * scale), end.letters, place);
+        } else {
+            painter.setPen(QPen(colour, 1.2 * scale));
+            painter.setBrush(dark);
+            painter.drawEllipse(place, 8.0 * scale, 8.0 * scale);
+            painter.setPen(Qt::NoPen);
+            painter.setBrush(colour);
+            drawText(painter, labelFont(8.5 * scale), end.letters, place);
+        }
     }
     return m_image;
 }

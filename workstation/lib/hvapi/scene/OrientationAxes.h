@@ -6,8 +6,9 @@
 
 namespace hvscene {
 
-/// The small triad in a corner of the view that shows how the axes lie: a knob with its letter on each
-/// positive end. Drawn once for each direction of the camera.
+/// The small triad in a corner of the view that shows how the axes lie: a line to a knob with its letter on
+/// each positive end, a ring with the letter and a minus on each negative one. Drawn once for each direction
+/// of the camera.
 class OrientationAxes
 {
 public:

@@ -12,10 +12,12 @@
 #include "lib/hvapi/windows/SequencePage.h"
 #include "lib/hvapi/windows/SequenceWindowData.h"
 #include "lib/hvapi/windows/WindowRegistry.h"
+#include "lib/hvutils/HostServices.h"
 
 #include <QDir>
 #include <QFileDialog>
 #include <QPointer>
+#include <QSettings>
 #include <QTabWidget>
 #include <QVBoxLayout>
 
@@ -26,6 +28,21 @@ enum Tab
     SequenceTab = 0,
     SceneTab = 1
 };
+
+// What the user chose for one view is what the next one starts with, in this session and later.
+char const* const showAxesKey = "3DView/ShowAxes";
+char const* const showScaleBarKey = "3DView/ShowScaleBar";
+
+void keep(char const* key, bool& control, bool on)
+{
+    control = on;
+    HostServices::instance().settings().setValue(key, on);
+}
+
+bool wasKept(char const* key, bool standard)
+{
+    return HostServices::instance().settings().value(key, standard).toBool();
+}
 
 }  // namespace
 
@@ -62,6 +79,9 @@ CHVSSequenceWindow::CHVSSequenceWindow(CHVSSequenceDataset* sequence, QWidget* p
             });
     connect(CHVPreference::getSignalHandler(), &CHVPreferenceSignalHandler::updatePreferenceSetting, this,
             &CHVSSequenceWindow::onSignalUpdatePreference);
+    auto& controls = getWindowControls()->m_3DControls;
+    controls.m_bShowAxes = wasKept(showAxesKey, controls.m_bShowAxes);
+    controls.m_bShowScaleBar = wasKept(showScaleBarKey, controls.m_bShowScaleBar);
     if (sequence->is3DSceneOnlySequence()) prepare3DView();
 }
 
@@ -145,7 +165,12 @@ void CHVSSequenceWindow::prepare3DView()
         connect(d->scenePage, &ScenePage::boundingBoxToggled, this,
                 [this](bool on) { getWindowControls()->m_3DControls.m_bShowBoundingBox = on; });
         connect(d->scenePage, &ScenePage::axesToggled, this,
-                [this](bool on) { getWindowControls()->m_3DControls.m_bShowAxes = on; });
+                [this](bool on) { keep(showAxesKey, getWindowControls()->m_3DControls.m_bShowAxes, on); });
+        connect(d->scenePage, &ScenePage::scaleBarToggled, this, [this](bool on) {
+            keep(showScaleBarKey, getWindowControls()->m_3DControls.m_bShowScaleBar, on);
+        });
+        connect(d->scenePage->scene(), &C3DScene::voxelUnderMouseChanged, this,
+                [this](QString const& text) { emit WindowRegistry::instance().readoutChanged(this, text); });
         connect(d->scenePage, &ScenePage::sliceToggled, this,
                 [this](int axis, bool on) { getWindowControls()->m_3DControls.m_bShowSlice[axis] = on; });
         connect(d->scenePage, &ScenePage::measuringToggled, this, [this](bool on) {

@@ -6,6 +6,7 @@
 #include "lib/hvapi/windows/ViewIcons.h"
 
 #include <QAction>
+#include <QKeySequence>
 #include <QToolBar>
 #include <QVBoxLayout>
 
@@ -84,9 +85,16 @@ ScenePage::ScenePage(C3DSGManager* graph, QWidget* parent)
     bar->addSeparator();
     m_boundingBox = makeAction(*bar, "m_pShowBoundingBox", tr("Bounding Box"), tr("Frame around the volume"),
                                ViewIcon::BoundingBox);
-    m_axes = makeAction(*bar, "m_pShowAxes", tr("Axes"), tr("Axes of orientation"), ViewIcon::Axes);
+    m_axes = makeAction(*bar, "m_pShowAxes", tr("Axes"), tr("Axes of orientation, with a letter at each end"),
+                        ViewIcon::Axes);
+    m_scaleBar =
+        makeAction(*bar, "m_pShowScaleBar", tr("Scale Bar"),
+                   tr("Scale bar: true at every depth, as the projection is parallel"), ViewIcon::ScaleBar);
     m_boundingBox->setCheckable(true);
     m_axes->setCheckable(true);
+    m_scaleBar->setCheckable(true);
+    addShortcut(*m_axes, QKeySequence(static_cast<int>(Qt::CTRL) | Qt::SHIFT | Qt::Key_A));
+    addShortcut(*m_scaleBar, QKeySequence(static_cast<int>(Qt::CTRL) | Qt::SHIFT | Qt::Key_B));
     // triggered, not toggled: apply() is no act of the user.
     connect(m_boundingBox, &QAction::triggered, this, [this](bool on) {
         ViewControl(*m_scene).showBoundingBox(on);
@@ -95,6 +103,10 @@ ScenePage::ScenePage(C3DSGManager* graph, QWidget* parent)
     connect(m_axes, &QAction::triggered, this, [this](bool on) {
         ViewControl(*m_scene).showAxes(on);
         emit axesToggled(on);
+    });
+    connect(m_scaleBar, &QAction::triggered, this, [this](bool on) {
+        ViewControl(*m_scene).showScaleBar(on);
+        emit scaleBarToggled(on);
     });
 
     bar->addSeparator();
@@ -132,14 +144,27 @@ void ScenePage::apply(S3DControls const& controls)
 {
     m_boundingBox->setChecked(controls.m_bShowBoundingBox);
     m_axes->setChecked(controls.m_bShowAxes);
+    m_scaleBar->setChecked(controls.m_bShowScaleBar);
     ViewControl(*m_scene).showBoundingBox(controls.m_bShowBoundingBox);
     ViewControl(*m_scene).showAxes(controls.m_bShowAxes);
+    ViewControl(*m_scene).showScaleBar(controls.m_bShowScaleBar);
     for (int axis = 0; axis < 3; ++axis) {
         m_slices[axis]->setChecked(controls.m_bShowSlice[axis]);
         showSlice(axis, controls.m_bShowSlice[axis]);
     }
     m_measure->setChecked(controls.m_bMeasuring);
     m_scene->doMeasureVoxels(controls.m_bMeasuring);
+}
+
+void ScenePage::addShortcut(QAction& action, QKeySequence const& keys)
+{
+    // Each window has a page of its own: the keys belong to the one that has the focus.
+    action.setShortcut(keys);
+    action.setShortcutContext(Qt::WidgetWithChildrenShortcut);
+    addAction(&action);
+    QString const tip = tr("%1 (%2)").arg(action.toolTip(), keys.toString(QKeySequence::NativeText));
+    action.setToolTip(tip);
+    action.setStatusTip(tip);
 }
 
 void ScenePage::showSlice(int axis, bool on)

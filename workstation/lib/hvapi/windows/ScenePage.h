@@ -7,6 +7,7 @@
 class C3DScene;
 class C3DSGManager;
 class QAction;
+class QKeySequence;
 
 /// The tab "3D View": a tool bar and the scene below it.
 class ScenePage : public QWidget
@@ -25,6 +26,7 @@ signals:
     // By the user only.
     void boundingBoxToggled(bool on);
     void axesToggled(bool on);
+    void scaleBarToggled(bool on);
     /// The plane across an axis, 0 to 2 for x to z.
     void sliceToggled(int axis, bool on);
     /// The user asks for measuring, or leaves it by the button. The scene does not measure yet, or still
@@ -33,10 +35,12 @@ signals:
 
 private:
     void showSlice(int axis, bool on);
+    void addShortcut(QAction& action, QKeySequence const& keys);
 
     C3DScene* m_scene;
     QAction* m_boundingBox;
     QAction* m_axes;
+    QAction* m_scaleBar;
     QAction* m_slices[3];
     QAction* m_measure;
 };

@@ -37,6 +37,13 @@ void draw(QPainter& painter, ViewIcon icon, QColor const& line, QColor const& ac
         drawAxis(painter, {3, 17}, hvscene::axisColour(2));
         return;
     }
+    if (icon == ViewIcon::ScaleBar) {
+        painter.setPen(QPen(line, 1.6, Qt::SolidLine, Qt::FlatCap, Qt::MiterJoin));
+        painter.drawPolyline(QPolygonF({{2.5, 8}, {2.5, 13}, {17.5, 13}, {17.5, 8}}));
+        painter.setPen(QPen(line, 1.1, Qt::SolidLine, Qt::FlatCap));
+        painter.drawLine(QPointF(10, 10), QPointF(10, 13));
+        return;
+    }
     if (icon == ViewIcon::Measure) {
         painter.setPen(QPen(line, 1.1, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
         painter.translate(10, 10);

@@ -13,6 +13,7 @@ enum class ViewIcon
     Reset,        ///< a cube in a frame
     BoundingBox,  ///< the edges of a box
     Axes,         ///< three axes from one point
+    ScaleBar,     ///< a bar with ends
     SliceX,       ///< a cube cut across x, and so for y and z
     SliceY,
     SliceZ,

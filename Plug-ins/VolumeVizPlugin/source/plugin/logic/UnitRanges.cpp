@@ -32,6 +32,14 @@ QStringList UnitRanges::units() const
     return units;
 }
 
+std::optional<std::array<float, 2>> rangeIn(const QString& unit, const std::array<float, 6>& conversion)
+{
+    const int index = UnitRanges{{}, true, true}.units().indexOf(unit);
+    if (index < 0) return {};
+    const auto low = static_cast<std::size_t>(2 * index);
+    return std::array<float, 2>{conversion[low], conversion[low + 1]};
+}
+
 UnitRanges unitRanges(const UnitFacts& facts)
 {
     UnitRanges ranges;

@@ -34,5 +34,9 @@ struct UnitRanges
 /// digits of asShown(). A unit whose range is not finite is not on offer.
 UnitRanges unitRanges(const UnitFacts& facts);
 
+/// What the lowest and the highest voxel value stand for in a unit, of the six ends of
+/// `UnitRanges::conversion`; nothing for a text that names no unit.
+std::optional<std::array<float, 2>> rangeIn(const QString& unit, const std::array<float, 6>& conversion);
+
 /// A number with the digits that a text of six significant digits keeps; nothing when that is no number.
 std::optional<float> asShown(float value);

@@ -10,6 +10,13 @@ namespace {
 
 constexpr int visibleAlpha = 26;  // a tenth of 255, rounded up
 
+unsigned char voxelOf(const VoxelField& field, const int (&voxel)[3])
+{
+    const std::size_t row = static_cast<std::size_t>(voxel[2]) * static_cast<std::size_t>(field.counts[1]) +
+                            static_cast<std::size_t>(voxel[1]);
+    return field.voxels[row * static_cast<std::size_t>(field.counts[0]) + static_cast<std::size_t>(voxel[0])];
+}
+
 }  // namespace
 
 void markSolid(const unsigned char* table, unsigned char threshold, bool (&solid)[256])
@@ -75,13 +82,9 @@ std::optional<VoxelHit> firstSolidVoxel(const VoxelField& field, const Ray& ray)
 
     double at = span->enter;
     while (at <= span->leave) {
-        const std::size_t index =
-            (static_cast<std::size_t>(voxel[2]) * static_cast<std::size_t>(field.counts[1]) +
-             static_cast<std::size_t>(voxel[1])) *
-                static_cast<std::size_t>(field.counts[0]) +
-            static_cast<std::size_t>(voxel[0]);
-        if (field.solid[field.voxels[index]])
-            return VoxelHit{{voxel[0], voxel[1], voxel[2]}, at, ray.origin + ray.direction * at};
+        const unsigned char value = voxelOf(field, voxel);
+        if (field.solid[value])
+            return VoxelHit{{voxel[0], voxel[1], voxel[2]}, value, at, ray.origin + ray.direction * at};
         const int axis = next[0] <= next[1] ? (next[0] <= next[2] ? 0 : 2) : (next[1] <= next[2] ? 1 : 2);
         at = std::max(at, next[axis]);
         voxel[axis] += step[axis];
@@ -89,6 +92,23 @@ std::optional<VoxelHit> firstSolidVoxel(const VoxelField& field, const Ray& ray)
         next[axis] += every[axis];
     }
     return std::nullopt;
+}
+
+int valueAt(const VoxelField& field, Vec3 place)
+{
+    if (!field.voxels) return 0;
+    const double first[3] = {field.first.x, field.first.y, field.first.z};
+    const double lengths[3] = {field.last.x - field.first.x, field.last.y - field.first.y,
+                               field.last.z - field.first.z};
+    const double at[3] = {place.x, place.y, place.z};
+    int voxel[3];
+    for (int axis = 0; axis < 3; ++axis) {
+        if (field.counts[axis] <= 0 || lengths[axis] == 0.0) return 0;
+        const double cell = std::floor((at[axis] - first[axis]) * field.counts[axis] / lengths[axis]);
+        if (!std::isfinite(cell)) return 0;
+        voxel[axis] = static_cast<int>(std::clamp(cell, 0.0, field.counts[axis] - 1.0));
+    }
+    return voxelOf(field, voxel);
 }
 
 }  // namespace hvscene

@@ -25,6 +25,7 @@ void markSolid(const unsigned char* table, unsigned char threshold, bool (&solid
 struct VoxelHit
 {
     int voxel[3] = {0, 0, 0};
+    int value = 0;          ///< of the voxel
     double distance = 0.0;  ///< millimetres from the ray's origin to where it enters the voxel
     Vec3 point;             ///< that place, in the volume's own space
 };
@@ -32,6 +33,10 @@ struct VoxelHit
 /// The first solid voxel along `ray`, which is given in the volume's own space (its direction need not have
 /// the length 1: `distance` counts in its lengths). Voxels behind the origin don't count.
 std::optional<VoxelHit> firstSolidVoxel(const VoxelField& field, const Ray& ray);
+
+/// The value of the voxel at a place in the volume's own space; places outside take the nearest voxel. 0
+/// without voxels.
+int valueAt(const VoxelField& field, Vec3 place);
 
 /// Where a ray enters and leaves a box, as counts of the direction; nothing when it misses it.
 struct Span
