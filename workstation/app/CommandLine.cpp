@@ -41,6 +41,11 @@ struct Options
         QStringLiteral("view"),
         QStringLiteral("Where the picture is taken from: front, side, top or iso (default iso)."),
         QStringLiteral("VIEW")};
+    QCommandLineOption press{
+        QStringLiteral("press"),
+        QStringLiteral("After the load press the palette's button or check box of that text, or a button "
+                       "of the box or dialog that has opened; may be given again and again."),
+        QStringLiteral("TEXT")};
     QCommandLineOption log{QStringLiteral("log"), QStringLiteral("Write the session's log to FILE as well."),
                            QStringLiteral("FILE")};
     QCommandLineOption help{{QStringLiteral("h"), QStringLiteral("help")}, QStringLiteral("Show this text.")};
@@ -49,7 +54,7 @@ struct Options
 
     void addTo(QCommandLineParser& parser) const
     {
-        parser.addOptions({snapshot, size, view, log, help, version});
+        parser.addOptions({snapshot, size, view, press, log, help, version});
     }
 };
 
@@ -101,7 +106,7 @@ CommandLine parseCommandLine(const QStringList& arguments)
     }
 
     const bool isSnapshot = parser.isSet(options.snapshot);
-    for (const QCommandLineOption* option : {&options.size, &options.view}) {
+    for (const QCommandLineOption* option : {&options.size, &options.view, &options.press}) {
         if (parser.isSet(*option) && !isSnapshot)
             return complaint(
                 QStringLiteral("--%1 is about a picture and needs --snapshot.").arg(option->names().first()));
@@ -128,6 +133,9 @@ CommandLine parseCommandLine(const QStringList& arguments)
                                  .arg(parser.value(options.view)));
         line.view = view->second;
     }
+    line.presses = parser.values(options.press);
+    if (line.presses.contains(QString()))
+        return complaint(QStringLiteral("--press needs the text of a button."));
     return line;
 }
 
@@ -137,14 +145,15 @@ QString helpText(const QString& program)
     text +=
         QStringLiteral(
             "Usage: %1 [OPTION...] [PATH...]\n"
-            "       %1 --snapshot FILE.png [--size WxH] [--view front|side|top|iso] PATH...\n\n"
+            "       %1 --snapshot FILE.png [--size WxH] [--view front|side|top|iso] [--press TEXT...]\n"
+            "             PATH...\n\n"
             "A workstation for preclinical images. The files named by PATH make one volume, which is\n"
             "opened in a new 3D scene. A folder stands for the files in it: DICOM slices by their place,\n"
             "others by name. A SequenceInfo.txt, or the folder of one, opens that sequence.\n\nOptions:\n")
             .arg(program);
     const Options options;
-    for (const QCommandLineOption& option :
-         {options.snapshot, options.size, options.view, options.log, options.help, options.version}) {
+    for (const QCommandLineOption& option : {options.snapshot, options.size, options.view, options.press,
+                                             options.log, options.help, options.version}) {
         QStringList names;
         for (const QString& name : option.names())
             names << (name.size() == 1 ? QStringLiteral("-") : QStringLiteral("--")) + name;

@@ -28,7 +28,8 @@ struct CommandLine
     QString snapshotFile;  ///< picture to write; set for Wish::Snapshot
     QSize snapshotSize{640, 640};
     View view = View::Iso;
-    QString logFile;  ///< empty: the session's log is not written to a file of the user's
+    QStringList presses;  ///< buttons to press after the load and before the picture, in order
+    QString logFile;      ///< empty: the session's log is not written to a file of the user's
     QString error;
 };
 

@@ -1,5 +1,7 @@
 #include "UnattendedWatch.h"
 
+#include "PressScript.h"
+
 #include "hvutils/CHVSLog.h"
 
 #include <QAbstractButton>
@@ -110,8 +112,9 @@ QStringList fillableFields(const QWidget& window)
     return names;
 }
 
-UnattendedWatch::UnattendedWatch(QObject* parent)
+UnattendedWatch::UnattendedWatch(PressScript* script, QObject* parent)
     : QObject(parent)
+    , m_script(script)
 {
     m_timer.setInterval(5);
     connect(&m_timer, &QTimer::timeout, this, &UnattendedWatch::look);
@@ -138,6 +141,7 @@ void UnattendedWatch::look()
 
 void UnattendedWatch::answer(QWidget& window)
 {
+    if (m_script && m_script->pressIn(window)) return;
     if (auto* box = qobject_cast<QMessageBox*>(&window)) {
         QAbstractButton* button = box->escapeButton() ? box->escapeButton() : box->defaultButton();
         if (!button && !box->buttons().isEmpty()) button = box->buttons().last();

@@ -4,6 +4,7 @@
 #include <QStringList>
 #include <QTimer>
 
+class PressScript;
 class QWidget;
 
 /// Names of the fields of a window that a user could fill in, from top to bottom: enabled, visible input
@@ -12,13 +13,15 @@ class QWidget;
 QStringList fillableFields(const QWidget& window);
 
 /// Stands in for the user while nobody is there: closes every modal window as soon as it opens. A plain
-/// message box gets its harmless answer; of any other dialog is noted what it wanted to know.
+/// message box gets its harmless answer; of any other dialog is noted what it wanted to know. What a script
+/// wants to press in the window goes before that.
 class UnattendedWatch : public QObject
 {
     Q_OBJECT
 
 public:
-    explicit UnattendedWatch(QObject* parent = nullptr);
+    /// `script`, if not null, lives as long as this.
+    explicit UnattendedWatch(PressScript* script = nullptr, QObject* parent = nullptr);
 
     /// True when a dialog wanted values.
     bool wasAsked() const { return !m_title.isEmpty(); }
@@ -31,6 +34,7 @@ private:
     void answer(QWidget& window);
 
     QTimer m_timer;
+    PressScript* const m_script;
     QString m_title;
     QStringList m_fields;
 };

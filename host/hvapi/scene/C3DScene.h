@@ -29,7 +29,8 @@ public:
     void addToScene(C3DObject* object);
 
     /// Paints a frame before it returns when the scene is on screen; else the next time that it is shown. The
-    /// frame is one of full detail unless the mouse is moving the scene.
+    /// frame is one of full detail unless the mouse is moving the scene. In a program that never shows a
+    /// window it is drawn all the same.
     void refresh();
     /// Takes the boxes of the objects anew, and takes the whole scene into view when they have changed.
     void updateScene();

@@ -1,4 +1,5 @@
 #include "app/UnattendedWatch.h"
+#include "app/PressScript.h"
 
 #include "testing/TestHostServices.h"
 
@@ -101,6 +102,44 @@ TEST(UnattendedWatch, AMessageBoxGetsItsHarmlessAnswerAndIsNoDemand)
     EXPECT_FALSE(watch.wasAsked());
     ASSERT_EQ(host.messages(2).size(), 1);
     EXPECT_TRUE(host.messages(2)[0].contains("Delete everything?"));
+}
+
+TEST(UnattendedWatch, AScriptsAnswerGoesBeforeTheHarmlessOne)
+{
+    TestHostServices host;
+    PressScript script({"Yes", "Retry"});
+    const UnattendedWatch watch(&script);
+    const auto ask = [] {
+        return QMessageBox::question(nullptr, "Halvane", "Go on?", QMessageBox::Yes | QMessageBox::No);
+    };
+    EXPECT_EQ(ask(), QMessageBox::Yes);
+    EXPECT_EQ(script.next(), QString("Retry"));
+    EXPECT_EQ(ask(), QMessageBox::No) << "it has no button of that name";
+    EXPECT_FALSE(script.isDone());
+    EXPECT_EQ(host.messages(1), QStringList("Pressed as told: Yes."));
+}
+
+TEST(PressScript, PressesWhatHasTheNameAndCanBePressed)
+{
+    TestHostServices host;
+    QWidget window;
+    QPushButton hidden("Go", &window);
+    QPushButton disabled("Go", &window);
+    QCheckBox box("&Go", &window);
+    QPushButton iconOnly(&window);
+    hidden.hide();
+    disabled.setEnabled(false);
+    iconOnly.setAccessibleName("Effects");
+    int clicks = 0;
+    QObject::connect(&iconOnly, &QPushButton::clicked, &window, [&] { ++clicks; });
+    PressScript script({"Go", "Effects", "go"});
+    EXPECT_TRUE(script.pressIn(window));
+    EXPECT_TRUE(box.isChecked());
+    EXPECT_TRUE(script.pressIn(window));
+    EXPECT_EQ(clicks, 1);
+    EXPECT_FALSE(script.pressIn(window)) << "case counts";
+    EXPECT_EQ(script.next(), QString("go"));
+    EXPECT_FALSE(PressScript().pressIn(window));
 }
 
 TEST(UnattendedWatch, AFileDialogWantsAFile)

@@ -54,6 +54,13 @@ TEST(CommandLine, SnapshotTakesSizeAndView)
     EXPECT_EQ(parse({"--snapshot=o.png", "--view=iso", "s"}).view, CommandLine::View::Iso);
 }
 
+TEST(CommandLine, PressesKeepTheirOrder)
+{
+    EXPECT_TRUE(parse({"--snapshot=o.png", "s"}).presses.isEmpty());
+    EXPECT_EQ(parse({"--snapshot=o.png", "--press", "Quality", "--press=Yes", "s"}).presses,
+              (QStringList{"Quality", "Yes"}));
+}
+
 TEST(CommandLine, HelpAndVersionComeBeforeEverythingElse)
 {
     EXPECT_EQ(parse({"--help"}).wish, Wish::Help);
@@ -83,6 +90,8 @@ INSTANTIATE_TEST_SUITE_P(CommandLine, BadCommandLine,
                                          QStringList{"--snapshot", "out.png"},        // nothing to be drawn
                                          QStringList{"--size", "10x10", "scan.vox"},  // a size of no picture
                                          QStringList{"--view", "top", "scan.vox"},
+                                         QStringList{"--press", "Yes", "scan.vox"},
+                                         QStringList{"--snapshot=o.png", "--press", "", "s"},
                                          QStringList{"--log", "", "scan.vox"}, QStringList{""},
                                          QStringList{"--snapshot=o.png", "--view=back", "s"},
                                          QStringList{"--snapshot=o.png", "--size=300", "s"},
@@ -96,8 +105,8 @@ INSTANTIATE_TEST_SUITE_P(CommandLine, BadCommandLine,
 TEST(CommandLine, HelpNamesEveryOptionAndExitStatus)
 {
     const QString text = helpText(QStringLiteral("halvane"));
-    for (const char* option : {"--snapshot FILE", "--size WxH", "--view VIEW", "--log FILE", "--help",
-                               "--version", "HALVANE_HOME", "HALVANE_PLUGIN_PATH", "PATH"})
+    for (const char* option : {"--snapshot FILE", "--size WxH", "--view VIEW", "--press TEXT", "--log FILE",
+                               "--help", "--version", "HALVANE_HOME", "HALVANE_PLUGIN_PATH", "PATH"})
         EXPECT_TRUE(text.contains(QLatin1String(option))) << option;
     for (int status = 0; status <= 5; ++status)
         EXPECT_TRUE(text.contains(QStringLiteral("\n  %1  ").arg(status))) << status;

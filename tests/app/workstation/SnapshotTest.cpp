@@ -102,6 +102,50 @@ TEST_F(SnapshotTest, TheViewChangesThePicture)
     EXPECT_NE(QImage(path("front.png")), QImage(path("iso.png")));
 }
 
+// Without a graphics card a frame is always too slow for Quality Mode; with one nothing is asked.
+TEST_F(SnapshotTest, TheRenderModeIsAskedForAndAnsweredNo)
+{
+    const Outcome outcome =
+        run({"--snapshot", "out.png", "--size", "2000x2000", "--log", "session.log", cube()});
+    EXPECT_EQ(outcome.code, 0) << outcome.complaint.toStdString();
+    QFile log(path("session.log"));
+    ASSERT_TRUE(log.open(QIODevice::ReadOnly));
+    const QString text = QString::fromUtf8(log.readAll());
+    if (!text.contains("Current rendering speed")) GTEST_SKIP() << "the frame was fast";
+    EXPECT_TRUE(text.contains("Answered: No."));
+    EXPECT_FALSE(text.contains("GPU Rendering Profile")) << "not after No";
+}
+
+TEST_F(SnapshotTest, ButtonsArePressedBeforeThePicture)
+{
+    const QString file = cube();
+    const QStringList size{"--size", "96x96", "--view", "front", file};
+    ASSERT_EQ(run(QStringList{"--snapshot", "plain.png"} + size).code, 0);
+    const Outcome mip = run(QStringList{"--snapshot", "mip.png", "--log", "mip.log", "--press",
+                                        "Maximum Intensity Projection (MIP)"} +
+                            size);
+    EXPECT_EQ(mip.code, 0) << mip.complaint.toStdString();
+    EXPECT_NE(QImage(path("plain.png")), QImage(path("mip.png")));
+    QFile log(path("mip.log"));
+    ASSERT_TRUE(log.open(QIODevice::ReadOnly));
+    EXPECT_TRUE(log.readAll().contains("Pressed as told: Maximum Intensity Projection (MIP)."));
+    const Outcome effects = run(QStringList{"--snapshot", "bright.png", "--press", "Render Effects",
+                                            "--press", "High Contrast Mode"} +
+                                size);
+    EXPECT_EQ(effects.code, 0) << effects.complaint.toStdString();
+    EXPECT_NE(QImage(path("plain.png")), QImage(path("bright.png")));
+}
+
+TEST_F(SnapshotTest, WhatCannotBePressedIsAUsageError)
+{
+    for (const char* name : {"No such button", "2D Projected Image"}) {
+        const Outcome outcome = run({"--snapshot", "out.png", "--size", "16x16", "--press", name, cube()});
+        EXPECT_EQ(outcome.code, 2);
+        EXPECT_TRUE(outcome.complaint.contains(QString("'%1' can't be pressed").arg(name)));
+        EXPECT_FALSE(QFile::exists(path("out.png")));
+    }
+}
+
 /// A workstation of the test's own, open until it goes.
 class OpenWorkstation
 {

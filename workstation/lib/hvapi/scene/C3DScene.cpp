@@ -5,6 +5,7 @@
 #include "lib/hvapi/scene/C3DScenePrivate.h"
 #include "lib/hvapi/scene/C3DSlicePrivate.h"
 #include "lib/hvapi/scene/C3DViewPrivate.h"
+#include "lib/hvapi/scene/ViewControl.h"
 
 #include <QCoreApplication>
 #include <QEvent>
@@ -38,9 +39,12 @@ void C3DScene::refresh()
     // Who asks for a frame wants it whole, unless the mouse moves the view at this moment.
     if (hostSide().drag == Private::Drag::None && !s->drag) hostSide().endFastMode();
     update();
+    if (hostSide().painting) return;
     // repaint() is put off by the toolkit when a frame was shown a moment ago; the request itself is not.
-    if (isVisible() && !hostSide().painting)
+    if (isVisible())
         QCoreApplication::sendPostedEvents(window(), QEvent::UpdateRequest);
+    else if (!ViewControl::hiddenFrameSize().isEmpty())
+        ViewControl(*this).picture(ViewControl::hiddenFrameSize());
 }
 
 void C3DScene::updateScene()

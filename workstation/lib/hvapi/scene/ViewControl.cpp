@@ -8,6 +8,22 @@
 #include <QOpenGLFunctions>
 #include <algorithm>
 
+namespace {
+
+QSize hiddenFrame;
+
+}  // namespace
+
+void ViewControl::setHiddenFrameSize(QSize pixels)
+{
+    hiddenFrame = pixels;
+}
+
+QSize ViewControl::hiddenFrameSize()
+{
+    return hiddenFrame;
+}
+
 void ViewControl::setPreset(hvscene::ViewPreset preset)
 {
     m_view.hostSide().camera.setPreset(preset);

@@ -35,6 +35,11 @@ public:
     /// never shown. Null without GL, or for a size that GL can't draw.
     QImage picture(QSize pixels);
 
+    /// Views that are not on screen draw a frame of that size when one is asked of them at once; with an
+    /// empty size, as at first, they wait until they are shown. For a program that never shows a window.
+    static void setHiddenFrameSize(QSize pixels);
+    static QSize hiddenFrameSize();
+
 private:
     C3DView& m_view;
 };
