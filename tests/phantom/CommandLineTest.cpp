@@ -41,6 +41,7 @@ TEST(CommandLine, knowsEveryFormatAndOrientation)
         {"dicom-native-multiframe", Format::DicomNativeMultiFrame},
         {"tiff", Format::Tiff},
         {"tiff-multipage", Format::TiffMultiPage},
+        {"sequence", Format::Sequence},
     };
     for (const auto& [word, format] : formats) {
         const Request r = parseCommandLine({"--format", word, "a"});
@@ -102,6 +103,7 @@ INSTANTIATE_TEST_SUITE_P(
         WrongCall{{"--orientation=oblique", "--format=dicom", "a"}, "--orientation wants axial"},
         WrongCall{{"--orientation=coronal", "a"}, "need a DICOM format"},
         WrongCall{{"--feet-first", "--format=tiff", "a"}, "need a DICOM format"},
+        WrongCall{{"--feet-first", "--format=sequence", "a"}, "need a DICOM format"},
         WrongCall{{"--orientation=sagittal", "--format=dicom-native", "a"}, "native DICOM files are axial"},
         WrongCall{{"--feet-first=1", "--format=dicom", "a"}, "unknown option"}));
 

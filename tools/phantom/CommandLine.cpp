@@ -4,6 +4,7 @@
 #include "phantom/Mouse.h"
 #include "phantom/RawFile.h"
 #include "phantom/Scan.h"
+#include "phantom/SequenceFolder.h"
 #include "phantom/TiffFile.h"
 
 #include <algorithm>
@@ -65,6 +66,7 @@ constexpr Word<Format> formats[] = {
     {"dicom-native-multiframe", Format::DicomNativeMultiFrame},
     {"tiff", Format::Tiff},
     {"tiff-multipage", Format::TiffMultiPage},
+    {"sequence", Format::Sequence},
 };
 
 constexpr Word<Orientation> orientations[] = {
@@ -124,7 +126,7 @@ struct Option
 
 constexpr Option options[] = {
     {"--format", takeFormat,
-     "raw, dicom, dicom-multiframe, dicom-native, dicom-native-multiframe, tiff or tiff-multipage"},
+     "raw, dicom, dicom-multiframe, dicom-native, dicom-native-multiframe, tiff, tiff-multipage or sequence"},
     {"--orientation", takeOrientation, "axial, coronal or sagittal"},
     {"--size", takeSize, "a whole number from 16 to 1024"},
     {"--bits", takeBits, "8 or 16"},
@@ -165,6 +167,8 @@ std::string write(const Request& request, unsigned threads)
         return writeTiffStack(request.path, slices, request.spacing);
     case Format::TiffMultiPage:
         return writeTiffPages(request.path, slices, request.spacing);
+    case Format::Sequence:
+        return writeSequence(request.path, slices, dicom);
     case Format::Raw:
         break;
     }
@@ -225,6 +229,8 @@ std::string helpText()
            "                        the same as the workstation's own DICOM files\n"
            "      tiff              a folder of TIFF files, one a slice\n"
            "      tiff-multipage    one TIFF file of all slices\n"
+           "      sequence          a folder of a CT sequence: three clicks with a photograph and a glow in\n"
+           "                        the dark, and the slices as DICOM files in \"CT Data\"\n"
            "  --orientation PLANE   plane of the slices: axial (default), coronal or sagittal; DICOM only,\n"
            "                        native files are axial\n"
            "  --feet-first          the mouse lies on the bed the other way round; DICOM only\n"
@@ -237,8 +243,9 @@ std::string helpText()
            "  --seed S      seed of the noise (default 1)\n"
            "  --help        this text\n"
            "\n"
-           "OUT is a file, or for dicom, dicom-native and tiff a folder, which must not hold files yet. RAW\n"
-           "is written as it is made; every other format keeps the whole volume in memory.\n"
+           "OUT is a file, or for dicom, dicom-native, tiff and sequence a folder, which must not hold "
+           "files\n"
+           "yet. RAW is written as it is made; every other format keeps the whole volume in memory.\n"
            "\n"
            "Exit status: 0 written, 1 it could not be written, 2 wrong arguments.\n";
 }

@@ -16,7 +16,8 @@ enum class Format
     DicomNative,
     DicomNativeMultiFrame,
     Tiff,
-    TiffMultiPage
+    TiffMultiPage,
+    Sequence
 };
 
 /// What a call of the program asks for.

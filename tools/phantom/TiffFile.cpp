@@ -43,27 +43,34 @@ private:
     unsigned m_count = 0;
 };
 
-std::uint32_t pictureBytes(const Slices& slices)
+/// What all pages of a file are like.
+struct PageKind
 {
-    return static_cast<std::uint32_t>(slices.size()) * slices.size() * (slices.bits() / 8);
+    int size, bits;
+    double spacing;
+};
+
+std::uint32_t pictureBytes(const PageKind& kind)
+{
+    return static_cast<std::uint32_t>(kind.size) * kind.size * (kind.bits / 8);
 }
 
 /// Directory of a page, with what its entries point to: everything in front of the pixels, an even number of
 /// bytes.
-std::string pageHead(const Slices& slices, double spacing, const Place& place)
+std::string pageHead(const PageKind& kind, const Place& place)
 {
     const unsigned entries = place.pages > 1 ? 17 : 15;
     const std::uint32_t extras = place.offset + 2 + 12 * entries + 4;
     constexpr std::uint32_t fraction = 8;
     const std::uint32_t pixels = extras + fraction + sizeof software;
-    const auto size = static_cast<std::uint32_t>(slices.size());
-    const std::uint32_t bytes = pictureBytes(slices);
+    const auto size = static_cast<std::uint32_t>(kind.size);
+    const std::uint32_t bytes = pictureBytes(kind);
 
     Directory d;
     if (place.pages > 1) d.entry(254, asLong, 1, 2);  // a page of many
     d.entry(256, asLong, 1, size);
     d.entry(257, asLong, 1, size);
-    d.entry(258, asShort, 1, static_cast<std::uint32_t>(slices.bits()));
+    d.entry(258, asShort, 1, static_cast<std::uint32_t>(kind.bits));
     d.entry(259, asShort, 1, 1);  // not compressed
     d.entry(262, asShort, 1, 1);  // 0 is black
     d.entry(273, asLong, 1, pixels);
@@ -84,7 +91,7 @@ std::string pageHead(const Slices& slices, double spacing, const Place& place)
     putU16(head, d.count());
     head += d.entries();
     putU32(head, place.page + 1 < place.pages ? pixels + bytes + bytes % 2 : 0);
-    putU32(head, static_cast<std::uint32_t>(std::lround(spacing * resolutionParts)));
+    putU32(head, static_cast<std::uint32_t>(std::lround(kind.spacing * resolutionParts)));
     putU32(head, resolutionParts);
     head.append(software, sizeof software);
     return head;
@@ -103,8 +110,16 @@ std::string fileHeader()
 std::string tiffSlice(const Slices& slices, int i, double spacing)
 {
     const std::vector<unsigned char> pixels = slices.slice(i);
-    std::string bytes = fileHeader() + pageHead(slices, spacing, {0, 1, headerBytes});
+    std::string bytes = fileHeader() + pageHead({slices.size(), slices.bits(), spacing}, {0, 1, headerBytes});
     bytes.append(pixels.begin(), pixels.end());
+    return bytes;
+}
+
+std::string tiffPicture(int size, const std::vector<std::uint16_t>& pixels, double spacing)
+{
+    std::string bytes = fileHeader() + pageHead({size, 16, spacing}, {0, 1, headerBytes});
+    for (const std::uint16_t pixel : pixels)
+        putU16(bytes, pixel);
     return bytes;
 }
 
@@ -129,7 +144,8 @@ std::string writeTiffPages(const std::string& path, const Slices& slices, double
     file.write(fileHeader());
     std::uint32_t offset = headerBytes;
     for (int i = 0; i < slices.size() && file.error().empty(); ++i) {
-        const std::string head = pageHead(slices, spacing, {i, slices.size(), offset});
+        const std::string head =
+            pageHead({slices.size(), slices.bits(), spacing}, {i, slices.size(), offset});
         std::vector<unsigned char> pixels = slices.slice(i);
         pixels.resize(pixels.size() + pixels.size() % 2);
         file.write(head);

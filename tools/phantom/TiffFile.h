@@ -2,7 +2,9 @@
 
 #include "phantom/Slices.h"
 
+#include <cstdint>
 #include <string>
+#include <vector>
 
 namespace phantom {
 
@@ -11,6 +13,9 @@ namespace phantom {
 
 /// Bytes of a file of slice i alone.
 std::string tiffSlice(const Slices& slices, int i, double spacing);
+
+/// Bytes of a file of one square picture, 16 bits a pixel, the top row first.
+std::string tiffPicture(int size, const std::vector<std::uint16_t>& pixels, double spacing);
 
 /// Writes a folder of one file a slice, "slice-0001.tif" and so on; like writeDicomSeries() on failure.
 std::string writeTiffStack(const std::string& folder, const Slices& slices, double spacing);
