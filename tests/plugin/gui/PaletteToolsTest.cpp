@@ -82,7 +82,7 @@ TEST_F(PaletteTools, TheVolumeIsHiddenAndShown)
     EXPECT_TRUE(node->isDisplayed());
     EXPECT_TRUE(record("S1").bEnabled);
     EXPECT_TRUE(palette->m_pLODSlider->isEnabled());
-    EXPECT_FALSE(palette->m_pOpacitySlider->isEnabled()) << "it does nothing, and stays so";
+    EXPECT_FALSE(palette->m_pTransferPointOpenBtn->isEnabled()) << "it does nothing, and stays so";
 }
 
 TEST_F(PaletteTools, LevelOfDetailReachesTheNode)

@@ -59,6 +59,7 @@ void CHVVolumeVizPalette::initPalette()
     m_pSliceColorButtonGroup->setExclusive(true);
     m_pSliceUseColorTable->setChecked(true);
     m_pSliceUseTransferFunction->setChecked(false);
+    createTransferFunction();
 
     m_pSequenceDataset = nullptr;
     m_strSequenceID = QString();
@@ -151,6 +152,7 @@ void CHVVolumeVizPalette::connectControls()
             &CHVVolumeVizPalette::onClickRenderEffectsDlgButton);
     connect(m_pVolumeButtonGroup, &QGroupBox::toggled, this,
             &CHVVolumeVizPalette::onVolumeButtonGroupToggled);
+    connect(m_pOpacitySlider, SIGNAL(sliderReleased()), this, SLOT(onOpacitySliderReleased()));
     connect(m_pTransformToolBtn, SIGNAL(toggled(bool)), this, SLOT(onToggleTransformTool(bool)));
     connect(m_pTransformResetBtn, SIGNAL(clicked()), this, SLOT(onToggleTransformReset()));
     connect(m_pCroptoolButton, SIGNAL(toggled(bool)), this, SLOT(onToggleCropTool(bool)));
@@ -192,8 +194,10 @@ void CHVVolumeVizPalette::languageChange()
 {
     if (!m_b3DCVSupported) return;
     const QString resultLabel = m_pCorvaneResultLbl->text();
+    const QString opacityLabel = label->text();
     retranslateUi(this);
     m_pCorvaneResultLbl->setText(resultLabel);
+    label->setText(opacityLabel);
 }
 
 void CHVVolumeVizPalette::changeEvent(QEvent* event)

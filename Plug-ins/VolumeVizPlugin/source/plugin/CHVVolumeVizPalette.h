@@ -1,6 +1,7 @@
 #pragma once
 
 #include "plugin/SVolVizControls.h"
+#include "transfer/HoverPoints.h"
 #include "ui_CHVVolumeVizPalette.h"
 
 #include <QDialog>
@@ -13,6 +14,7 @@
 #include "hvimage/HVS_COLORTABLE_TYPES.h"
 
 class C3DSGManager;
+class CTransferFunction1DWidget;
 class CGLVolume;
 class CRenderEffectsDlg;
 class CHVSDataset;
@@ -102,6 +104,9 @@ public:
     /// Brings the slider of the slice viewer to where the scene's slice across `axis` (0 x, 1 y, 2 z) lies.
     void syncSliceSliderToScene(int axis);
 
+    /// The widget that the transfer function is edited on.
+    CTransferFunction1DWidget* transferFunctionWidget() const;
+
 public slots:
     /// Loads a volume for the current sequence: from the remembered file list if a load from it is under way,
     /// else from files that the user is asked for. True on success.
@@ -139,6 +144,16 @@ public slots:
     void onShownUnitChanged(QString unit);
     /// Lets the user change spacing and axis orientation of the loaded volume.
     void onShowVolumeInfoDialog();
+    /// The transfer function goes to the node as a table, and into the record as points. As a user's edit,
+    /// that is from the widget itself, it makes the result a modified one.
+    void onTransferFunctionChanged();
+    /// The slider of the volume's opacity was let go.
+    void onOpacitySliderReleased();
+    /// Vertical zoom of the histogram behind the transfer function, above 0 to 1.
+    void onHistogramYAxisMaxValueChanged(double value);
+    /// Takes over a transfer function that was edited elsewhere, in the pixels of the palette's own widget.
+    void onSignalUpdateTransferFunction(QPolygonF points, QVector<QRgb> colors,
+                                        QVector<HoverPoints::LockType> locks);
 
 signals:
     void updateValidity(QWidget* palette, bool valid);
@@ -150,6 +165,9 @@ protected:
     void changeEvent(QEvent* event) override;
     void dragEnterEvent(QDragEnterEvent* event) override;
     void dropEvent(QDropEvent* event) override;
+
+private slots:
+    void onTransferPointsScaled(double xScale, double yScale);
 
 private:
     friend class VolumeLoad;
@@ -173,11 +191,13 @@ private:
     void leaveQualityMode();
     void showAsPerformanceMode();
     bool wantsQualityAnyway();
+    void updateTransferFnWidget(SVolVizControls* pVolVizControls);
     void takeLightFromNode(CHVSSequenceDataset* sequence);
 
     void fillColorTables();
     void createResultsTab();
     void createColorBars();
+    void createTransferFunction();
     void connectControls();
     void testCapability();
     void showUnsupportedNotice();
@@ -193,6 +213,7 @@ private:
     int m_nResultsComboIndex = 0;
     CHVSPalettePixmapView* m_pSlicePaletteView = nullptr;
     CHVSPalettePixmapView* m_pVolumePaletteView = nullptr;
+    QPointer<CTransferFunction1DWidget> m_pTransferFunctionWidget;
     QMap<QString, SVolVizControls> m_mapVolVizControls;
     CHVSResultsTabControl* m_pResultsTabControl = nullptr;
     QStringList m_strFileList;

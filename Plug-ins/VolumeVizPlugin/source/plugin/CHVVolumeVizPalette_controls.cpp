@@ -56,6 +56,7 @@ void CHVVolumeVizPalette::updatePaletteControls(SVolVizControls* record)
     rebuildUnitList(*record);
     updateSliceTab(*record);
     if (!updateVolumeTab(*record)) return;
+    updateTransferFnWidget(record);
 }
 
 /// What can be used at all depends on whether there is a volume.

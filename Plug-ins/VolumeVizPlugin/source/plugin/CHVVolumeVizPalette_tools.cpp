@@ -12,6 +12,7 @@
 #include "plugin/WidgetSync.h"
 #include "plugin/logic/SliceSync.h"
 #include "render/CGLVolume.h"
+#include "transfer/CTransferFunction1DWidget.h"
 
 namespace {
 
@@ -55,6 +56,7 @@ void CHVVolumeVizPalette::onVolumeButtonGroupToggled(bool shown)
         now.node->show(shown);
         SceneRefresh::slicesChanged(now.scene, now.node);
     }
+    if (m_pTransferFunctionWidget) m_pTransferFunctionWidget->setEnabled(shown);
     if (now.sequence && !now.sequence->is3DSceneOnlySequence())
         enableControl(m_pExtract2DImageFromVolume, shown);
 }

@@ -20,6 +20,7 @@
 #include "plugin/logic/SourceLimits.h"
 #include "plugin/logic/TempFolders.h"
 #include "render/CGLVolume.h"
+#include "transfer/CTransferFunction1DWidget.h"
 
 #include <QCursor>
 #include <QDir>
@@ -239,6 +240,7 @@ void VolumeLoad::fillRecord(CGLVolume& volume)
     record.dVolumeMin = limits.min;
     record.dVolumeMax = limits.max;
     record.nOpacitySlider = 100;
+    m_palette.m_pTransferFunctionWidget->setMaxOpacity(255.0F);
 
     volume.setMIP(record.bMIP);
     volume.setLighting(record.bLighting);

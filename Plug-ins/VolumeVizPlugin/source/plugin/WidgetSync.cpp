@@ -24,6 +24,7 @@ constexpr const char* wiredControls[] = {
     "m_pMedianFilterDenoiseCheckBox",
     "m_pMIPCheckBox",
     "m_pRenderEffectsDlgButton",
+    "m_pOpacitySlider",
 };
 
 bool isControl(const QWidget* widget)

@@ -205,8 +205,11 @@ void CTransferFunction1DWidget::followSize()
             point = {point.x() * xScale, point.y() * yScale};
     }
     m_histogramSize = size();
-    if (!m_pointsSize.isEmpty() && m_pointsSize != size())
-        m_hoverPoints->scale(double(width()) / m_pointsSize.width(),
-                             double(height()) / m_pointsSize.height());
+    const QSize from = m_pointsSize;
+    const bool resized = !from.isEmpty() && from != size();
+    const double xScale = resized ? double(width()) / from.width() : 1.0;
+    const double yScale = resized ? double(height()) / from.height() : 1.0;
+    if (resized) m_hoverPoints->scale(xScale, yScale);
     pointsUpdated();
+    if (resized) emit pointsScaled(xScale, yScale);
 }

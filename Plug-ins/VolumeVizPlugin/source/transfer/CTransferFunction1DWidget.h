@@ -41,8 +41,8 @@ public:
     void setTransferStops(const TransferStops& stops);
 
     /// A new table of 256 entries R, G, B, A from the second row of the gradient's picture, colours as they
-    /// are stored there: multiplied with their opacity. The caller deletes it with delete[]. All zero while
-    /// the widget has no area.
+    /// are stored there: multiplied with their opacity. The caller deletes it with delete[]. Of the
+    /// last picture while the widget has no area; all zero where there never was one.
     unsigned char* makeColorTable();
 
     /// Opacity at the top edge, 0 to 255; values outside are ignored.
@@ -60,6 +60,10 @@ public:
     void setAxisRange(float min, float max);
     void setShowAxes(bool show);
 
+    /// Brings points and histogram to the widget's present size from the sizes that they were made for. A
+    /// visible widget does so by itself with each new size, a hidden one when it is shown.
+    void followSize();
+
     QSize sizeHint() const override;
 
 public slots:
@@ -71,6 +75,8 @@ public slots:
 signals:
     /// The user has ended an edit.
     void colorsChanged();
+    /// All points have followed the widget's size, by these factors.
+    void pointsScaled(double xScale, double yScale);
 
 protected:
     void contextMenuEvent(QContextMenuEvent* event) override;
@@ -82,8 +88,6 @@ protected:
 private:
     void refreshImage();
     void paintHistogram(QPainter& painter) const;
-    /// Brings points and histogram to the widget's size from the sizes that they were made for.
-    void followSize();
 
     QPointer<CColorTableWidget> m_colorTableWidget;
     const int m_type;
