@@ -29,6 +29,13 @@ protected:
                                 [](unsigned x, unsigned y, unsigned z) { return x + 10 * y + 1000 * z; });
     }
 
+    /// One slice whose pixels have no width, and no dialog that would ask for one.
+    static QStringList withoutWidth(const QString& folder)
+    {
+        return writeDicomSeries(folder, DicomBuilder().set(0x0028, 0x0030, "1\\0"), 128, 64, 1, {0, 0, 0},
+                                {0, 0, 1}, [](unsigned x, unsigned, unsigned) { return x; });
+    }
+
     QString pages(const char* name, unsigned count) const
     {
         viz_test::TiffKind kind;
@@ -178,15 +185,26 @@ TEST_F(LoadKinds, ASingleSliceGetsTheThicknessThatItTells)
     EXPECT_NEAR(nodeOf(sequence)->getThickness().y, 3.5, 1e-5);
 }
 
-TEST_F(LoadKinds, AVolumeWithoutThicknessIsToldAndCountsAsModified)
+// Feet first takes the x of (1, 0, 1) for what it is and turns the z round, so that the second slice comes to
+// lie in the first one. Two scouts of different planes do the same.
+TEST_F(LoadKinds, SlicesInOnePlaceGetTheThicknessThatTheyTell)
 {
-    // Feet first takes the z of (1, 0, 1) back, so that the second slice comes to lie in the first one.
-    const DicomBuilder feetFirst = DicomBuilder().set(0x0018, 0x5100, "FFS");
+    const DicomBuilder feetFirst = DicomBuilder().set(0x0018, 0x5100, "FFS").set(0x0018, 0x0050, "3.5");
     const QStringList flat = writeDicomSeries(files.path(), feetFirst, 128, 64, 2, {0, 0, 0}, {1, 0, 1},
                                               [](unsigned x, unsigned, unsigned) { return x; });
+    EXPECT_TRUE(load(flat));
+    expectCounts(128, 2, 64);
+    const Coord3d thickness = nodeOf(sequence)->getThickness();
+    EXPECT_NEAR(thickness.x, 1.0, 1e-5);
+    EXPECT_NEAR(thickness.y, 3.5, 1e-5);
+    EXPECT_NEAR(thickness.z, 1.0, 1e-5);
+}
+
+TEST_F(LoadKinds, AVolumeWithoutASizeIsToldAndCountsAsModified)
+{
     QSignalSpy failed(&plugin, &CHVToolPalettePluginBase::loadingFailed);
     host.answers = {1024};
-    EXPECT_FALSE(load(flat));
+    EXPECT_FALSE(load(withoutWidth(files.path())));
     ASSERT_EQ(host.asked.size(), 1);
     EXPECT_EQ(host.asked.first().kind, HostQuestion::Error);
     EXPECT_EQ(host.asked.first().parent, palette);
@@ -198,17 +216,14 @@ TEST_F(LoadKinds, AVolumeWithoutThicknessIsToldAndCountsAsModified)
     EXPECT_FALSE(QFile::exists(dumpPath("S1")));
 }
 
-TEST_F(LoadKinds, AVolumeWithoutThicknessLeavesTheOldOneInPlace)
+TEST_F(LoadKinds, AVolumeWithoutASizeLeavesTheOldOneInPlace)
 {
     const QStringList good = series(DicomBuilder());
     EXPECT_TRUE(load(good));
     const QByteArray voxels = readFile(dumpPath("S1"));
     QTemporaryDir other;
-    const DicomBuilder feetFirst = DicomBuilder().set(0x0018, 0x5100, "FFS");
-    const QStringList flat = writeDicomSeries(other.path(), feetFirst, 128, 64, 2, {0, 0, 0}, {1, 0, 1},
-                                              [](unsigned x, unsigned, unsigned) { return x; });
     host.answers = {1024};
-    EXPECT_FALSE(load(flat));
+    EXPECT_FALSE(load(withoutWidth(other.path())));
     expectCounts(128, 3, 64);
     EXPECT_TRUE(nodeOf(sequence)->isDisplayed());
     EXPECT_EQ(readFile(dumpPath("S1")), voxels);
@@ -216,6 +231,62 @@ TEST_F(LoadKinds, AVolumeWithoutThicknessLeavesTheOldOneInPlace)
     QStringList loaded = record("S1").fileList;
     loaded.sort();
     EXPECT_EQ(loaded, good);
+}
+
+TEST_F(LoadKinds, TheMakerOfAScanIsKnownByANumber)
+{
+    const auto loadFrom = [this](const char* maker) {
+        EXPECT_TRUE(load(series(DicomBuilder().set(0x0008, 0x0070, maker), 2)));
+        return palette->manufacturer();
+    };
+    EXPECT_EQ(loadFrom("Rigaku Corporation"), 1);
+    EXPECT_EQ(loadFrom("BRENTIS"), 2);
+    EXPECT_EQ(loadFrom("qualden gmbh"), 3);
+    EXPECT_EQ(loadFrom("Qualden for Rigaku"), 3);
+    EXPECT_EQ(loadFrom("Somebody"), 0);
+}
+
+TEST_F(LoadKinds, TheMakerIsForgottenByTheNextLoad)
+{
+    EXPECT_TRUE(load(series(DicomBuilder().set(0x0008, 0x0070, "Rigaku"), 2)));
+    ASSERT_EQ(palette->manufacturer(), 1);
+    EXPECT_TRUE(load({pages("a.tif", 2)}));
+    EXPECT_EQ(palette->manufacturer(), 0);
+    EXPECT_TRUE(load(series(DicomBuilder().set(0x0008, 0x0070, "Rigaku"), 2)));
+    ASSERT_TRUE(DicomBuilder().withoutPixels().write(path("report.dcm")));
+    EXPECT_FALSE(load({path("report.dcm")}));
+    EXPECT_EQ(palette->manufacturer(), 0) << "also where nothing was loaded";
+}
+
+// The name of its own maker would take the whole 16 bits, if it were known before the files are read.
+TEST_F(LoadKinds, TheMakersOwnScansHaveTheirOwnRangeToo)
+{
+    EXPECT_TRUE(load(series(DicomBuilder().set(0x0008, 0x0070, "Brentis").bits(16, 16), 2)));
+    EXPECT_EQ(nodeOf(sequence)->getMin(), 0);
+    EXPECT_EQ(nodeOf(sequence)->getMax(), 127 + 630 + 1000);
+}
+
+// Signed samples with an intercept are decoded to 32-bit numbers around 2^31: -1024 is 2^31 - 1024.
+TEST_F(LoadKinds, ASignedScanHasItsLimitsOnBothSidesOfTwoTo31)
+{
+    const DicomBuilder ct =
+        DicomBuilder().bits(16, 16, true).set(0x0028, 0x1052, "0").set(0x0028, 0x1053, "2");
+    const QStringList slices =
+        writeDicomSeries(files.path(), ct, 128, 64, 2, {0, 0, 0}, {0, 0, 2},
+                         [](unsigned x, unsigned, unsigned) { return static_cast<int>(x) * 20 - 1270; });
+    EXPECT_TRUE(load(slices));
+    CGLVolume* node = nodeOf(sequence);
+    ASSERT_NE(node, nullptr);
+    const auto lowest = static_cast<std::uint32_t>(node->getMin());
+    const auto highest = static_cast<std::uint32_t>(node->getMax());
+    EXPECT_LT(lowest, 0x80000000U);
+    EXPECT_GT(highest, 0x80000000U);
+    EXPECT_LT(node->getMax(), node->getMin()) << "as signed numbers";
+    EXPECT_EQ(record("S1").dVolumeMin, double(lowest));
+    EXPECT_EQ(record("S1").dVolumeMax, double(highest));
+    for (int x = 0; x < 128; ++x)
+        EXPECT_NEAR(node->getVolumeData()[x], x * 255.0 / 127.0, 1.0) << x;
+    EXPECT_EQ(readFile(dumpPath("S1")).size(), 128 * 64 * 2);
 }
 
 TEST_F(LoadKinds, ASeriesInWhichTheFirstFileIsNoVolumeIsRefused)

@@ -46,26 +46,24 @@ TEST(SourceLimits, TruncationStaysInRange)
     EXPECT_EQ(truncatedToInt(std::nan("")), 0);
 }
 
-TEST(RepairExtent, OnlyWhatIsNotFiniteIsReplaced)
+TEST(StackLength, ALengthStays)
 {
-    float extent[3] = {10.0F, notANumber, 30.0F};
-    repairExtent(extent, 2.5F, 0.5F);
-    EXPECT_EQ(extent[0], 10.0F);
-    EXPECT_EQ(extent[1], 2.5F);
-    EXPECT_EQ(extent[2], 30.0F);
-    float infinite[3] = {-infinity, 1.0F, infinity};
-    repairExtent(infinite, 2.0F, 0.5F);
-    EXPECT_EQ(infinite[0], 2.0F);
-    EXPECT_EQ(infinite[2], 2.0F);
+    EXPECT_EQ(stackLength(10.0F, 4, 2.5F, 0.5F), 10.0F);
+    EXPECT_EQ(stackLength(0.001F, 1, 2.5F, 0.5F), 0.001F);
 }
 
-TEST(RepairExtent, WithoutALengthThePixelsDistanceCounts)
+TEST(StackLength, WithoutOneTheToldDistanceCountsForEachSlice)
 {
-    for (const float spacing : {0.0F, -1.0F, notANumber, infinity}) {
-        float extent[3] = {1.0F, 1.0F, infinity};
-        repairExtent(extent, spacing, 0.5F);
-        EXPECT_EQ(extent[2], 0.5F) << spacing;
+    for (const float none : {notANumber, infinity, -infinity, 0.0F, -3.0F}) {
+        EXPECT_EQ(stackLength(none, 1, 2.5F, 0.5F), 2.5F) << none;
+        EXPECT_EQ(stackLength(none, 4, 2.5F, 0.5F), 10.0F) << none;
     }
+}
+
+TEST(StackLength, WithoutADistanceThePixelsCount)
+{
+    for (const float spacing : {0.0F, -1.0F, notANumber, infinity})
+        EXPECT_EQ(stackLength(notANumber, 3, spacing, 0.5F), 1.5F) << spacing;
 }
 
 TEST(Manufacturer, ThreeMakersHaveNumbers)

@@ -81,6 +81,10 @@ public:
     const SVolVizControls* recordOf(const QString& sequenceId) const;
     /// First and last frame of the last load that was given limits, counted from 0; -1 for the whole set.
     int lowerLimit() const { return m_nLowerLimit; }
+    int manufacturer() const
+    {
+        return m_eManufacturer;
+    }  ///< number of the maker of the loaded scan, 0 for others
     int upperLimit() const { return m_nUpperLimit; }
 
     /// Decides anew whether the palette can work on the current sequence.

@@ -93,7 +93,9 @@ public:
     {
         float extent[3];
         std::copy_n(m_reader.getExtent(), 3, extent);
-        repairExtent(extent, m_reader.getNominalSliceSpacing(), m_reader.getRowSpacing());
+        float& stack = extent[m_reader.getSliceDirection()];
+        stack = stackLength(stack, m_reader.getSliceCount(), m_reader.getNominalSliceSpacing(),
+                            m_reader.getRowSpacing());
         return node.loadVolume(m_reader.getVoxels(), m_reader.getLoadColumns(), m_reader.getLoadRows(),
                                m_reader.getFrames(), pattern(m_reader.getMaxValue()),
                                pattern(m_reader.getMinValue()), extent);

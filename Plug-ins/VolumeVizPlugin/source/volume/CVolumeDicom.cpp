@@ -60,6 +60,7 @@ bool CVolumeDicom::loadVolumeFiles(QStringList files, unsigned first, unsigned l
     m_info.clear();
     m_loadedFiles.clear();
     m_direction = {};
+    m_manufacturer.clear();
     m_feetFirst = false;
     m_multiFrame = false;
     m_makerData = makerData;
@@ -200,6 +201,8 @@ bool CVolumeDicom::prepareBlock(viz::SliceAxis extentAxis, const viz::SourceRang
     const auto extent =
         viz::extentsAcross(extentAxis, columns, rows, m_sliceSpacing * static_cast<float>(m_frames));
     std::copy(extent.begin(), extent.end(), m_extent);
+    m_sliceDirection = viz::sliceExtentOf(extentAxis);
+    m_sliceCount = m_frames;
     return true;
 }
 

@@ -12,6 +12,7 @@
 #include <QString>
 #include <QStringList>
 
+#include <cstddef>
 #include <cstdint>
 #include <memory>
 #include <vector>
@@ -70,8 +71,13 @@ public:
     unsigned int getFrames() const { return m_frames; }
 
     /// Three extents in mm, in the order of the volume's axes. That of the slices is not finite for a single
-    /// file of one frame.
+    /// file of one frame, and 0 where all slices come to lie in one place.
     float* getExtent() { return m_extent; }
+    std::size_t getSliceDirection() const
+    {
+        return m_sliceDirection;
+    }  ///< place of the slices in getExtent()
+    unsigned int getSliceCount() const { return m_sliceCount; }
 
     float getRowSpacing() const { return m_pixelSpacing[0]; }     ///< distance of rows, in mm
     float getColumnSpacing() const { return m_pixelSpacing[1]; }  ///< distance of columns, in mm
@@ -169,5 +175,7 @@ private:
     CHVVolumeVizPalette* m_owner = nullptr;
     bool m_makerData = false;
     bool m_feetFirst = false;
+    std::size_t m_sliceDirection = 2;
+    std::uint32_t m_sliceCount = 0;
     std::unique_ptr<HeapRoom> m_room;  // for the parsed files
 };

@@ -24,9 +24,9 @@ int truncatedToInt(double value)
     return static_cast<int>(value);
 }
 
-void repairExtent(float (&extent)[3], float sliceSpacing, float pixelSpacing)
+float stackLength(float length, unsigned slices, float sliceSpacing, float pixelSpacing)
 {
-    const float thickness = std::isfinite(sliceSpacing) && sliceSpacing > 0.0F ? sliceSpacing : pixelSpacing;
-    for (float& length : extent)
-        if (!std::isfinite(length)) length = thickness;
+    const auto isLength = [](float value) { return std::isfinite(value) && value > 0.0F; };
+    if (isLength(length)) return length;
+    return static_cast<float>(slices) * (isLength(sliceSpacing) ? sliceSpacing : pixelSpacing);
 }

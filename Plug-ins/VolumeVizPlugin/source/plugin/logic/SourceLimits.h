@@ -18,6 +18,7 @@ double sourceValue(int pattern, const SourceLimits& limits);
 /// that is no number.
 int truncatedToInt(double value);
 
-/// Puts the thickness of one slice in the place of each extent (mm) that is not finite: the distance of
-/// slices that the source tells, or where that is no length above 0, the pixels' distance.
-void repairExtent(float (&extent)[3], float sliceSpacing, float pixelSpacing);
+/// Length of a stack of slices, in mm: `length` as it was found, or where that is no length above 0 (a single
+/// slice has none, and slices of different planes may all come to lie in one place) that many slices of the
+/// distance that the source tells, or where that is no length either, of the pixels' distance.
+float stackLength(float length, unsigned slices, float sliceSpacing, float pixelSpacing);

@@ -35,6 +35,11 @@ std::array<float, 3> extentsAcross(SliceAxis axis, float columns, float rows, fl
     return {columns, rows, slices};
 }
 
+std::size_t sliceExtentOf(SliceAxis axis)
+{
+    return static_cast<std::size_t>(axis);
+}
+
 BlockCounts countsAcross(SliceAxis axis, const BlockCounts& stack)
 {
     BlockCounts counts = stack;

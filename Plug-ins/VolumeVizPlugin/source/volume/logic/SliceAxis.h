@@ -34,6 +34,9 @@ std::optional<SliceAxis> axisOfLocation(const std::array<float, 3>& position, fl
 /// The extents in mm of a volume's columns, rows and slices, put into the order of the volume's axes.
 std::array<float, 3> extentsAcross(SliceAxis axis, float columns, float rows, float slices);
 
+/// Place of the slices among those three.
+std::size_t sliceExtentOf(SliceAxis axis);
+
 /// Counts of voxels along the three sides of a block.
 struct BlockCounts
 {
