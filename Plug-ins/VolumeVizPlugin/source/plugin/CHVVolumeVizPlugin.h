@@ -5,10 +5,12 @@
 #include <QPointer>
 #include <QStringList>
 
+class C3DCVImportDialog;
 class CHVVolumeVizPalette;
 
 /// What the host's plug-in loader sees: it owns the palette and the menu action, hands the host's signals on
-/// to the palette, and decides whether the palette is of use for the sequence and the tab on screen.
+/// to the palette, decides whether the palette is of use for the sequence and the tab on screen, and makes a
+/// load of a click on the import dialog's Load button.
 class CHVVolumeVizPlugin : public CHVToolPalettePluginBase
 {
     Q_OBJECT
@@ -63,6 +65,16 @@ private:
     /// Tells the host whether the palette is of use while `sequence` is shown as it is now.
     void updateValidityFor(CHVSSequenceDataset* sequence);
 
+    void makeImportDialog();
+    /// Opens the sequence that the selected CT data belongs to.
+    void openSequenceOfSelection();
+    /// True when the active window gives a sequence to load into; brings its window to the front.
+    bool findTarget();
+    /// Comes back when the scene is there; false when this object went while it waited.
+    bool makeScene();
+
     QAction* m_pBrowseAction = nullptr;
+    QPointer<C3DCVImportDialog> m_pImportDialog;
     QPointer<CHVVolumeVizPalette> m_pPalette;
+    bool m_bLoading = false;  ///< a click on Load is being worked on
 };
