@@ -2,6 +2,7 @@
 #include "TemporaryFolder.h"
 #include "phantom/CommandLine.h"
 #include "phantom/Mouse.h"
+#include "phantom/OpticalVoxels.h"
 #include "phantom/Photograph.h"
 
 #include <gmock/gmock.h>
@@ -74,7 +75,7 @@ TEST_F(SequenceFolder, hasClicksWithTheirPicturesAndTheScan)
     ASSERT_EQ(write("mouse"), 0) << m_error;
     EXPECT_THAT(m_folder.files(), ElementsAre("mouse"));
     EXPECT_THAT(m_folder.files("mouse"),
-                ElementsAre("CT Data", "M0001", "M0002", "M0003", "SequenceInfo.txt"));
+                ElementsAre("CT Data", "M0001", "M0002", "M0003", "OpticalVoxels.txt", "SequenceInfo.txt"));
     for (const char* click : {"mouse/M0001", "mouse/M0002", "mouse/M0003"})
         EXPECT_THAT(m_folder.files(click), ElementsAre("ClickInfo.txt", "luminescent.tif", "photograph.tif"));
     EXPECT_EQ(m_folder.files("mouse/CT Data").size(), std::size_t{n});
@@ -99,6 +100,13 @@ TEST_F(SequenceFolder, textsTellTypeClicksAndFieldOfView)
     // 32 pixels of 0.5 mm are 1.6 cm
     EXPECT_THAT(click, HasSubstr("[photographic image]\nFile = photograph.tif\nField of View = 1.6\n"));
     EXPECT_THAT(click, HasSubstr("[luminescent image]\nFile = luminescent.tif\nField of View = 1.6\n"));
+}
+
+TEST_F(SequenceFolder, opticalVoxelsGoByTheSpacing)
+{
+    ASSERT_EQ(write("mouse", {"--spacing=0.5"}), 0) << m_error;
+    // 32 voxels of 0.5 mm for the 80 mm of the mouse's space
+    EXPECT_EQ(m_folder.contents("mouse/OpticalVoxels.txt"), opticalVoxelText(0.2));
 }
 
 TEST_F(SequenceFolder, calibrationMakesWaterOfTheGreyOfWater)

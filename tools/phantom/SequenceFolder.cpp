@@ -1,5 +1,6 @@
 #include "phantom/SequenceFolder.h"
 
+#include "phantom/OpticalVoxels.h"
 #include "phantom/PartFile.h"
 #include "phantom/Photograph.h"
 #include "phantom/Text.h"
@@ -94,6 +95,10 @@ std::string writeSequence(const std::string& folder, const Slices& slices, const
     for (int number = 1; number <= clicksOfASequence && error.empty(); ++number)
         error = writeClick(part.path(clickName(number)), camera, number, options);
     if (error.empty()) error = writeDicomSeries(part.path("CT Data"), slices, options);
+    if (error.empty()) {
+        const double scale = options.spacing * slices.size() / fieldOfView;
+        error = writeWhole(part.path("OpticalVoxels.txt"), opticalVoxelText(scale));
+    }
     if (error.empty()) error = writeWhole(part.path("SequenceInfo.txt"), sequenceInfo(slices));
     if (!error.empty()) return error;
     part.finish();

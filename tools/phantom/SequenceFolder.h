@@ -16,9 +16,9 @@ constexpr double greyOfWater = 40;
 constexpr int clicksOfASequence = 3;
 
 /// Writes the folder of a CT sequence: clicks with a photograph and a luminescent image, as a light comes and
-/// goes, and the scan as a DICOM series in "CT Data", with its calibration in absorption and Hounsfield
-/// units. `slices` are axial and head first. The folder appears under its name only when all is written; one
-/// that holds files stays as it is.
+/// goes, a reconstruction of the light as optical voxels, and the scan as a DICOM series in "CT Data", with
+/// its calibration in absorption and Hounsfield units. `slices` are axial and head first. The folder appears
+/// under its name only when all is written; one that holds files stays as it is.
 ///
 /// Returns an empty text on success, else one line that says what went wrong.
 std::string writeSequence(const std::string& folder, const Slices& slices, const DicomOptions& options);
