@@ -63,18 +63,27 @@ void CTransferFunction1DWidget::setGradientStops(const TransferStops& stops)
     m_gradient = QLinearGradient(0.0, 0.0, width(), 0.0);
     for (const auto& [position, color] : stops)
         if (position >= 0.0 && position <= 1.0) m_gradient.setColorAt(position, color);
-    m_image = QImage();
-    refreshImage();
+    paintGradient();
     update();
 }
 
 void CTransferFunction1DWidget::refreshImage()
 {
+    if (m_image.size() != size()) paintGradient();
+}
+
+void CTransferFunction1DWidget::paintGradient()
+{
     if (m_type != colorAndAlpha || size().isEmpty()) return;
-    if (!m_image.isNull() && m_image.size() == size()) return;
-    m_image = QImage(size(), QImage::Format_ARGB32_Premultiplied);
-    m_image.fill(0);
-    QPainter(&m_image).fillRect(rect(), m_gradient);
+    if (m_image.size() != size()) m_image = QImage(size(), QImage::Format_ARGB32_Premultiplied);
+    QPainter painter(&m_image);
+    painter.setCompositionMode(QPainter::CompositionMode_Source);
+    painter.fillRect(0, 0, width(), 1, m_gradient);
+    painter.end();
+    // All rows are alike, and a copy is several times as fast as a gradient.
+    const uchar* const first = m_image.constScanLine(0);
+    for (int row = 1; row < m_image.height(); ++row)
+        std::copy_n(first, m_image.bytesPerLine(), m_image.scanLine(row));
     if (m_colorTableWidget) m_colorTableWidget->setImage(&m_image);
 }
 

@@ -86,7 +86,9 @@ protected:
     void showEvent(QShowEvent* event) override;
 
 private:
+    /// Paints the gradient anew where the widget has another size than its picture.
     void refreshImage();
+    void paintGradient();
     void paintHistogram(QPainter& painter) const;
 
     QPointer<CColorTableWidget> m_colorTableWidget;
