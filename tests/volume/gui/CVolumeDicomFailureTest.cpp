@@ -1,11 +1,13 @@
 #include "support/dicom/DicomMutations.h"
 #include "volume/support/DicomVolume.h"
+#include "volume/support/ScarceMemory.h"
 
 #include <QFile>
 
 #include <gmock/gmock.h>
 
 #include <sys/stat.h>
+#include <unistd.h>
 
 namespace {
 
@@ -23,6 +25,8 @@ const Entry notMonochrome{3,
 const Entry notCompatible{3, "Unable to load volume. DICOM file not compatible."};
 const Entry noColumns{3, "Loading aborted. Unable to find Column information."};
 const Entry noRows{3, "Loading aborted. Unable to find Row information."};
+const Entry noVolumeMemory{3, "Unable allocate memory for Volume data."};
+const Entry exceptionInScan{3, "Memory issue encountered -Unable to load DICOM data "};
 const Entry noFrameMemory{3, "Unable to allocate memory for the contents of the volume file."};
 
 class DicomFailure : public viz_test::DicomVolume
@@ -153,6 +157,75 @@ TEST_F(DicomFailure, AbsurdSizes)
     expectRefused({many, many}, noFrameMemory);
     EXPECT_FALSE(load({write("huge.dcm", huge)}));
     EXPECT_EQ(host.failures().size(), 1U);
+}
+
+// Nothing is decoded where the files tell their range, so that only the block shows how much they claim.
+TEST_F(DicomFailure, AVolumeLargerThanTheMemory)
+{
+    const std::uint64_t memory = static_cast<std::uint64_t>(sysconf(_SC_PHYS_PAGES)) *
+                                 static_cast<std::uint64_t>(sysconf(_SC_PAGESIZE));
+    const std::uint64_t slices = memory / (std::uint64_t{64000} * 64000) + 2;
+    QStringList files;
+    for (std::uint64_t i = 0; i < slices; ++i) {
+        const DicomBuilder huge =
+            withRange(slice()).set(0x0028, 0x0010, "65535").set(0x0028, 0x0011, "65535");
+        files << write(qPrintable(QStringLiteral("huge%1.dcm").arg(i)),
+                       DicomBuilder(huge).position(0, 0, static_cast<double>(i)));
+    }
+    expectRefused(files, noVolumeMemory);
+    EXPECT_EQ(reader.getVoxels(), nullptr);
+}
+
+// Decoded to 32 bits, a picture of 40000 samples takes twice the memory of the file.
+TEST_F(DicomFailure, AnExceptionInTheScanEndsTheLoadAndNoMore)
+{
+    if (!viz_test::ScarceMemory::isPossible()) GTEST_SKIP() << "the sanitizer gives the memory";
+    DicomBuilder ct;
+    ct.bits(16, 16, true).set(0x0028, 0x1052, "-1024").set(0x0028, 0x1053, "1");
+    const QStringList files =
+        writeDicomSeries(folder.path(), ct, 200, 200, 3, {0, 0, 0}, {0, 0, 1},
+                         [](unsigned x, unsigned, unsigned) { return static_cast<int>(x) - 100; });
+    viz_test::ScarceMemory memory;
+    memory.throwFrom(120000);
+    const bool loaded = load(files);
+    memory.giveAll();
+    EXPECT_FALSE(loaded);
+    EXPECT_THAT(host.failures(), ElementsAre(exceptionInScan));
+    host.entries.clear();
+    EXPECT_TRUE(load(files));
+}
+
+TEST_F(DicomFailure, CompressedPixelsThatDoNotDecodeEndTheLoad)
+{
+    struct Case
+    {
+        const char* syntax;
+        char nonsense;
+    };
+    // 0x80 says nothing to the decoder of runs, so that samples are missing at the end
+    for (const Case& one : {Case{"1.2.840.10008.1.2.5", '\x80'}, Case{"1.2.840.10008.1.2.4.70", '\xFF'},
+                            Case{"1.2.840.10008.1.2.4.90", '\xFF'}}) {
+        QByteArray damaged = slice().transferSyntax(one.syntax).bytes();
+        const int pixels = damaged.indexOf(QByteArray("\xE0\x7F\x10\0OB", 6));
+        ASSERT_GT(pixels, 0) << one.syntax;
+        const int data = pixels + 100;  // behind the offset table and the heads of fragment and stream
+        const int length = damaged.size() - data - 8;
+        damaged.replace(data, length, QByteArray(length, one.nonsense));
+        const QString path = writeBytes("damaged.dcm", damaged);
+        expectRefused({path}, noFrameMemory);
+        expectRefused(series(2) + QStringList{path}, noFrameMemory);
+    }
+}
+
+TEST_F(DicomFailure, ALaterFileOf64BitsEndsTheLoad)
+{
+    const QString deep =
+        write("deep.dcm", slice()
+                              .set(0x0028, 0x0100, "64")
+                              .set(0x0028, 0x0101, "64")
+                              .set(0x0028, 0x0102, "63")
+                              .setBytes(0x7fe0, 0x0010, "OW", QByteArray(int{width * height} * 8, 'x')));
+    expectRefused(series(2) + QStringList{deep}, notCompatible);
 }
 
 TEST_F(DicomFailure, ACodecThatIsNotThere)

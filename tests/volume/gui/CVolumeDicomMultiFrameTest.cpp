@@ -192,6 +192,36 @@ TEST_F(DicomMultiFrame, SamplesOf32Bits)
     EXPECT_THAT(std::vector<int>(top, top + 3), ElementsAre(0, 255, 128));
 }
 
+TEST_F(DicomMultiFrame, MakerDataOf8BitsTakesTheirRange)
+{
+    showAllValues();
+    DicomBuilder builder;
+    builder.bits(8, 8).size(width, height, 2).samples(std::vector<std::int64_t>(1600, 100));
+    ASSERT_TRUE(load({write("multi.dcm", builder)}, viz_test::allFrames, viz_test::allFrames, true));
+    EXPECT_EQ(reader.getMinValue(), 0);
+    EXPECT_EQ(reader.getMaxValue(), 255);
+}
+
+// What stands behind it in the list is no volume of its own: the first name counts.
+TEST_F(DicomMultiFrame, TheOnlyUsableFileOfAList)
+{
+    showAllValues();
+    const QStringList files = multi(3);
+    ASSERT_TRUE(load(files + QStringList{folder.filePath("missing.dcm")}));
+    EXPECT_TRUE(reader.isMultiFrame());
+    expectPattern(2, {0, 1, 2});
+    EXPECT_THAT(loadedNames(), ElementsAre("multi.dcm"));
+}
+
+// Beside another slice of its size, a file of many frames is one slice: its first frame.
+TEST_F(DicomMultiFrame, InASeriesTheFirstFrameCounts)
+{
+    const QStringList slices = series(1);
+    ASSERT_TRUE(load(slices + multi(3, DicomBuilder().position(0, 0, 1))));
+    EXPECT_FALSE(reader.isMultiFrame());
+    expectPattern(2, {0, 0});
+}
+
 // ---- dialog, progress ----
 
 TEST_F(DicomMultiFrame, DialogShowsTheFramesOfTheFile)

@@ -206,6 +206,36 @@ TEST_F(DicomNative, ClosingTheProgressAborts)
     }
 }
 
+TEST_F(DicomNative, ClosingTheProgressAbortsBothPassesOfManyFrames)
+{
+    for (const char* title : {"Scanning", "Loading"}) {
+        viz_test::ProgressWatcher progress;
+        progress.onStep = [title](CHVSProgressBar& dialog) {
+            if (dialog.windowTitle().startsWith(title)) dialog.close();
+        };
+        EXPECT_FALSE(load(multi(3, native()))) << title;
+        EXPECT_THAT(host.failures(), ElementsAre(Entry(3, "Loading of DICOM Datasets aborted."))) << title;
+        host.entries.clear();
+    }
+}
+
+TEST_F(DicomNative, ManyFramesOfAnAnimalThatLiesFeetFirstAreMirrored)
+{
+    ASSERT_TRUE(
+        load(multi(2, native().set(0x0018, 0x5100, "FFS").position(5, 6, 7).set(0x0020, 0x1041, "7"))));
+    EXPECT_TRUE(reader.isFeetFirst());
+    expectPattern(2, {0, 1}, true);
+    EXPECT_THAT(reader.getDirection(), ElementsAre(0.0F, 0.0F, -1.0F));
+}
+
+TEST_F(DicomNative, CursorAndDialogAsInOtherSeries)
+{
+    ASSERT_TRUE(load(series(3, native())));
+    EXPECT_EQ(host.cursorsRestored, 1);
+    EXPECT_THAT(host.cursorsSet, ElementsAre(Qt::WaitCursor));
+    EXPECT_EQ(host.memoryChecks, 1);
+}
+
 TEST_F(DicomNative, PixelsThatDoNotDecode)
 {
     DicomBuilder builder = native();

@@ -2,7 +2,11 @@
 #include "volume/support/DicomVolume.h"
 
 #include <QFile>
+#include <QLabel>
+#include <QProgressBar>
 #include <QPushButton>
+#include <QSet>
+#include <QTest>
 
 #include <gmock/gmock.h>
 
@@ -109,6 +113,46 @@ TEST_F(DicomSeries, EqualPositionsOfLaterFiles)
     expectPattern(2, {0, 2, 1});
 }
 
+// z of the second file becomes the spacing itself: from z = 10 the series so runs down, to 1, and the third
+// file, at twice the spacing, comes to lie between the two.
+TEST_F(DicomSeries, OnePositionAwayFromTheOriginRunsBackThroughIt)
+{
+    ASSERT_TRUE(load(series(3, DicomBuilder().set(0x0018, 0x0088, "1"), {0, 0, 0}, {0, 0, 10})));
+    EXPECT_THAT(reader.getDirection(), ElementsAre(0.0F, 0.0F, -1.0F));
+    expectPattern(2, {0, 2, 1});
+    EXPECT_EQ(reader.getSliceSpacing(), 4.5F);
+}
+
+TEST_F(DicomSeries, TheDistanceOfSlicesIsToldByThreeAttributesInTurn)
+{
+    DicomBuilder both;
+    both.spacing(0.5, 0.25).set(0x0018, 0x0088, "2.5").set(0x0018, 0x0050, "3");
+    ASSERT_TRUE(load(series(3, both, {0, 0, 0})));
+    EXPECT_EQ(reader.getSliceSpacing(), 2.5F);
+    ASSERT_TRUE(load(series(3, both.remove(0x0018, 0x0088), {0, 0, 0})));
+    EXPECT_EQ(reader.getSliceSpacing(), 3.0F);
+    ASSERT_TRUE(load(series(3, both.remove(0x0018, 0x0050), {0, 0, 0})));
+    EXPECT_EQ(reader.getSliceSpacing(), 0.5F);
+}
+
+// Each missing value on its own.
+TEST_F(DicomSeries, MissingPositionsAndSpacingsHaveTheirDefaults)
+{
+    DicomBuilder builder;
+    builder.set(0x0028, 0x0030, "0.5");
+    const QStringList files = series(2, builder, {0, 0, 3}, {0, 0, 3});
+    DicomBuilder nowhere;
+    nowhere.bits(8, 8)
+        .size(width, height)
+        .samples(frames(1))
+        .set(0x0028, 0x0030, "0.5")
+        .remove(0x0020, 0x0032);
+    ASSERT_TRUE(load({write("nowhere.dcm", nowhere), files[1]}));
+    EXPECT_EQ(reader.getRowSpacing(), 0.5F);
+    EXPECT_EQ(reader.getColumnSpacing(), 0.1F);
+    EXPECT_EQ(reader.getSliceSpacing(), 6.0F);  // from 0 to 6
+}
+
 // ---- slice axis ----
 
 TEST_F(DicomSeries, ImageTypeDecidesWithoutAnOrientation)
@@ -157,6 +201,13 @@ TEST_F(DicomSeries, FeetFirstSagittalIsMirroredAndFlipped)
     ASSERT_TRUE(load(series(2, sagittal().set(0x0018, 0x5100, "FFP"), {1, 0, 0})));
     EXPECT_THAT(reader.getDirection(), ElementsAre(-1.0F, 0.0F, 0.0F));
     expectPattern(0, {1, 0}, true, true);
+}
+
+TEST_F(DicomSeries, FeetFirstCoronalTurnsY)
+{
+    ASSERT_TRUE(load(series(2, coronal().set(0x0018, 0x5100, "FFS"), {0, 1, 0})));
+    EXPECT_THAT(reader.getDirection(), ElementsAre(0.0F, -1.0F, 0.0F));
+    expectPattern(1, {1, 0}, true, true);
 }
 
 TEST_F(DicomSeries, FeetFirstIsToldInCapitals)
@@ -253,6 +304,46 @@ TEST_F(DicomSeries, MakerDataTakesTheWholeRangeOfTheDepth)
     ASSERT_TRUE(load(files, viz_test::allFrames, viz_test::allFrames, true));
     EXPECT_EQ(reader.getMinValue(), 0);
     EXPECT_EQ(reader.getMaxValue(), 65535);
+}
+
+TEST_F(DicomSeries, MakerDataOf8BitsTakesTheirRange)
+{
+    DicomBuilder builder;
+    builder.bits(8, 8);
+    const QStringList files = writeDicomSeries(folder.path(), builder, width, height, 2, {0, 0, 0}, {0, 0, 1},
+                                               [](unsigned, unsigned, unsigned) { return 100; });
+    ASSERT_TRUE(load(files, viz_test::allFrames, viz_test::allFrames, true));
+    EXPECT_EQ(reader.getMinValue(), 0);
+    EXPECT_EQ(reader.getMaxValue(), 255);
+    EXPECT_EQ(reader.getVoxels()[0], 100);
+}
+
+// Of other depths the pixels count, as ever: the decoder spreads 100 to 100 * 65535 / 4095.
+TEST_F(DicomSeries, MakerDataOf12BitsHasTheRangeOfItsPixels)
+{
+    DicomBuilder builder;
+    builder.bits(16, 12);
+    const QStringList files = writeDicomSeries(folder.path(), builder, width, height, 2, {0, 0, 0}, {0, 0, 1},
+                                               [](unsigned x, unsigned, unsigned) { return 100 + x; });
+    ASSERT_TRUE(load(files, viz_test::allFrames, viz_test::allFrames, true));
+    EXPECT_EQ(reader.getMinValue(), 1600);
+    EXPECT_EQ(reader.getMaxValue(), 1904);
+}
+
+// Each file's own tags count where it has them, the pixels of the others.
+TEST_F(DicomSeries, RangeTagsOfLaterFilesWidenTheRange)
+{
+    const QStringList files = series(2, DicomBuilder().set(0x0028, 0x0106, "10").set(0x0028, 0x0107, "20"));
+    DicomBuilder later;
+    later.bits(8, 8).size(width, height).samples(frames(1)).position(0, 0, 2);
+    ASSERT_TRUE(load(
+        {files[0], files[1], write("later.dcm", later.set(0x0028, 0x0106, "-5").set(0x0028, 0x0107, "15"))}));
+    EXPECT_EQ(reader.getMinValue(), -5);
+    EXPECT_EQ(reader.getMaxValue(), 20);
+    later.remove(0x0028, 0x0106).remove(0x0028, 0x0107);
+    ASSERT_TRUE(load({files[0], files[1], write("later.dcm", later)}));
+    EXPECT_EQ(reader.getMinValue(), 0);
+    EXPECT_EQ(reader.getMaxValue(), 255);
 }
 
 TEST_F(DicomSeries, OneValueThroughout)
@@ -366,6 +457,32 @@ TEST_F(DicomSeries, ProgressAndCursor)
                 ElementsAre("Scanning through DICOM data...", "Loading DICOM frame data..."));
     EXPECT_EQ(host.cursorsRestored, 1);
     EXPECT_THAT(host.cursorsSet, ElementsAre(Qt::WaitCursor));
+}
+
+// A file that is left out moves the names against the slices: they run on in the order of the list.
+TEST_F(DicomSeries, LabelsAreTheNamesInTheOrderOfTheList)
+{
+    QStringList files = series(2);
+    DicomBuilder small;
+    small.bits(8, 8).size(width, width);
+    files = QStringList{files[1], write("small.dcm", small), files[0]};
+    QStringList shown;
+    QSet<int> percents;
+    viz_test::ProgressWatcher progress;
+    progress.onStep = [&](CHVSProgressBar& dialog) {
+        const QString step = dialog.windowTitle().section(' ', 0, 0) + ' ' +
+                             dialog.findChild<QLabel*>("activity")->text().section('/', -1);
+        if (shown.isEmpty() || shown.last() != step) shown << step;
+        percents << dialog.findChild<QProgressBar*>("progress")->value();
+        QTest::qSleep(45);  // the dialog shows what comes faster than that only later
+    };
+    ASSERT_TRUE(load(files));
+    for (const char* step :
+         {"Scanning small.dcm", "Scanning slice_000.dcm", "Loading slice_001.dcm", "Loading small.dcm"})
+        EXPECT_TRUE(shown.contains(step)) << step << " in " << shown.join(", ").toStdString();
+    EXPECT_FALSE(shown.contains("Loading slice_000.dcm"));
+    EXPECT_TRUE(percents.contains(33)) << "one of three";
+    EXPECT_TRUE(percents.contains(66)) << "two of three";
 }
 
 TEST_F(DicomSeries, ShortMemoryShowsTheDialog)

@@ -54,6 +54,7 @@ TEST(RealDicom, ScansLoadInTheirSizes)
              Accepted{"dicom_series/mr_noise_encodings/rle", {3, 256, 256}, {3.0F, 256.0F}, false},
              Accepted{"dicom_series/mr_noise_encodings/jpeg_lossless", {3, 256, 256}, {3.0F, 256.0F}, false},
              Accepted{"dicom_series/mr_noise_encodings/jpeg2000", {3, 256, 256}, {3.0F, 256.0F}, false},
+             Accepted{"dicom_series/ct_scouts_feetfirst_tiny", {2, 64, 64}, {0.0F, 8.727F}, true},
              Accepted{"dicom_series/mr_oblique_hitachi", {64, 4, 64}, {150.003F, 150.003F}, false},
              Accepted{"dicom_multiframe/mr_knee_feetfirst_sagittal/MOVEKNEE.dcm",
                       {19, 256, 256},
