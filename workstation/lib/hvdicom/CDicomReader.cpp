@@ -1,16 +1,18 @@
 #include "hvdicom/CDicomReader.h"
 
 #include "DicomFile.h"
-#include "DicomLibrary.h"
+#include "HeaderMemory.h"
 
 #include <dcmtk/dcmdata/dcdeftag.h>
 
 #include <QFile>
+#include <utility>
 
 class CDicomReader::Private
 {
 public:
     QByteArray path;
+    std::shared_ptr<hvdicom::PlainHeader const> plain;  // from the opening until the attributes are read
     hvdicom::DicomFile file;
 
     bool hasPixels() const { return file.isOpen() && file.layout().elementBytes > 0; }
@@ -31,8 +33,9 @@ tag_estatus CDicomReader::initDicomImporter(QString path)
 {
     d = std::make_unique<Private>();
     QByteArray const name = QFile::encodeName(path);
-    if (!hvdicom::isReadableFile(name.constData())) return eStatusFileNotReadable;
-    if (!hvdicom::isDicomFile(name.constData())) return eStatusUnsupportedFile;
+    d->plain = hvdicom::plainHeader(name.constData());
+    if (!d->plain && !hvdicom::isDicomFile(name.constData()))
+        return hvdicom::isReadableFile(name.constData()) ? eStatusUnsupportedFile : eStatusFileNotReadable;
     d->path = name;
     return eStatusSuccess;
 }
@@ -41,7 +44,7 @@ tag_estatus CDicomReader::loadEntireDicomInfo()
 {
     if (d->path.isEmpty()) return eStatusFailed;
     if (d->file.isOpen()) return eStatusSuccess;
-    return d->file.open(d->path) ? eStatusSuccess : eStatusUnsupportedFile;
+    return d->file.open(d->path, std::move(d->plain)) ? eStatusSuccess : eStatusUnsupportedFile;
 }
 
 tag_estatus CDicomReader::readPixelInfo(CILImage* image, unsigned long long frame)

@@ -2,9 +2,11 @@
 
 #include "DcmtkLog.h"
 #include "DicomFile.h"
+#include "HeaderMemory.h"
 
 #include <QFile>
 #include <new>
+#include <utility>
 #include <vector>
 
 class CHVDcmImage::Private
@@ -22,9 +24,10 @@ CHVDcmImage::~CHVDcmImage() = default;
 
 bool CHVDcmImage::isDICOM(char const* path)
 {
-    if (!hvdicom::isDicomFile(path)) return false;
+    std::shared_ptr<hvdicom::PlainHeader const> plain = hvdicom::plainHeader(path);
+    if (!plain && !hvdicom::isDicomFile(path)) return false;
     hvdicom::DicomFile file;
-    return file.open(path) && file.pixelFault().isEmpty();
+    return file.open(path, std::move(plain)) && file.pixelFault().isEmpty();
 }
 
 bool CHVDcmImage::LoadFromDICOMFile(QString path)

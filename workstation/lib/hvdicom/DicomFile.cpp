@@ -3,6 +3,7 @@
 #include "DicomLibrary.h"
 #include "DicomNesting.h"
 #include "DicomText.h"
+#include "HeaderMemory.h"
 #include "hvimage/CILImage.h"
 
 #include <dcmtk/dcmdata/dccodec.h>
@@ -108,6 +109,43 @@ void addElements(DcmItem& item, QByteArray const& characterSet, QMap<QString, SG
     }
 }
 
+std::uint32_t keyOf(DcmTagKey const& tag)
+{
+    return static_cast<std::uint32_t>(tag.getGroup()) << 16 | tag.getElement();
+}
+
+// One of the values between "\\", counted from 0; empty where there are less.
+QByteArray valueAt(std::string const& values, unsigned long position)
+{
+    std::size_t begin = 0;
+    for (; position > 0; --position) {
+        begin = values.find('\\', begin);
+        if (begin == std::string::npos) return {};
+        ++begin;
+    }
+    std::size_t const end = std::min(values.find('\\', begin), values.size());
+    return QByteArray(values.data() + begin, static_cast<int>(end - begin));
+}
+
+bool hasPixelElement(DcmDataset& dataset)
+{
+    DcmElement* element = nullptr;
+    return dataset.findAndGetElement(DCM_PixelData, element).good() && element &&
+           element->ident() == EVR_PixelData;
+}
+
+// Null where the DICOM library cannot read the file.
+std::unique_ptr<DcmFileFormat> parse(QByteArray const& path)
+{
+    if (!isReadableFile(path.constData()) || isNestedTooDeep(path.constData())) return nullptr;
+    auto file = std::make_unique<DcmFileFormat>();
+    if (file->loadFile(OFFilename(path.constData()), EXS_Unknown, EGL_noChange, longestReadAtOnce,
+                       ERM_autoDetect)
+            .bad())
+        return nullptr;
+    return file;
+}
+
 }  // namespace
 
 bool isReadableFile(char const* path)
@@ -119,6 +157,7 @@ bool isReadableFile(char const* path)
 
 bool isDicomFile(char const* path)
 {
+    if (plainHeader(path)) return true;
     if (!isReadableFile(path)) return false;
     std::array<unsigned char, 132> start = {};
     std::size_t read = 0;
@@ -144,32 +183,59 @@ DicomFile::DicomFile()
 
 bool DicomFile::open(QByteArray const& path)
 {
+    return open(path, plainHeader(path.constData()));
+}
+
+bool DicomFile::open(QByteArray const& path, std::shared_ptr<PlainHeader const> plain)
+{
+    m_path = path;
+    m_plain = std::move(plain);
     m_file.reset();
+    m_isBroken = false;
     m_cache.clear();
-    m_layout = PixelLayout();
-    m_layout.frames = 0;
-    m_pixelFault.clear();
-    m_photometric = EPI_Unknown;
+    m_pixels.reset();
     m_fragmentOfFrame.clear();
-    if (!isReadableFile(path.constData()) || isNestedTooDeep(path.constData())) return false;
     try {
-        auto file = std::make_unique<DcmFileFormat>();
-        if (file->loadFile(OFFilename(path.constData()), EXS_Unknown, EGL_noChange, longestReadAtOnce,
-                           ERM_autoDetect)
-                .bad())
-            return false;
-        m_file = std::move(file);
-        readLayout();
+        if (!m_plain) m_file = parse(path);
     } catch (std::exception const&) {
+        m_plain.reset();
         m_file.reset();
     }
     return isOpen();
 }
 
+// The file as the DICOM library has it; null when it can no longer be read, or is another one by now.
+DcmFileFormat* DicomFile::parsed() const
+{
+    if (m_file || m_isBroken || !m_plain) return m_file.get();
+    PixelLayout const before = readLayout();
+    try {
+        m_file = parse(m_path);
+        bool const hasPixels = m_file && hasPixelElement(*m_file->getDataset());
+        if (hasPixels != m_plain->hasPixels() || (hasPixels && !(readLayout() == before))) m_file.reset();
+    } catch (std::exception const&) {
+        m_file.reset();
+    }
+    m_isBroken = !m_file;
+    return m_file.get();
+}
+
+// Of an attribute that stands in the plain header's values, all of them.
+QByteArray DicomFile::plainText(std::uint32_t tag) const
+{
+    std::string const* const values = m_plain ? m_plain->values(tag) : nullptr;
+    return values ? QByteArray(values->data(), static_cast<int>(values->size())) : QByteArray();
+}
+
 QByteArray DicomFile::text(DcmTagKey const& tag, unsigned long position) const
 {
+    if (!m_file && m_plain) {
+        std::uint32_t const key = keyOf(tag);
+        if (std::string const* const values = m_plain->values(key)) return valueAt(*values, position);
+        if (!m_plain->has(key)) return {};
+    }
     OFString value;
-    if (!m_file || m_file->getDataset()->findAndGetOFString(tag, value, position).bad()) return {};
+    if (!parsed() || m_file->getDataset()->findAndGetOFString(tag, value, position).bad()) return {};
     return QByteArray(value.data(), static_cast<int>(value.size())).trimmed();
 }
 
@@ -188,6 +254,7 @@ QString DicomFile::string(DcmTagKey const& tag) const
 
 QString DicomFile::implementationVersionName() const
 {
+    if (!m_file && m_plain) return QString::fromLatin1(plainText(keyOf(DCM_ImplementationVersionName)));
     OFString value;
     if (!m_file || m_file->getMetaInfo()->findAndGetOFString(DCM_ImplementationVersionName, value).bad())
         return {};
@@ -197,7 +264,7 @@ QString DicomFile::implementationVersionName() const
 QMap<QString, SGroupElemInfo> DicomFile::elements() const
 {
     QMap<QString, SGroupElemInfo> map;
-    if (!m_file) return map;
+    if (!parsed()) return map;
     QByteArray const characterSet = text(DCM_SpecificCharacterSet);
     addElements(*m_file->getMetaInfo(), characterSet, map);
     addElements(*m_file->getDataset(), characterSet, map);
@@ -207,8 +274,9 @@ QMap<QString, SGroupElemInfo> DicomFile::elements() const
 QList<QMap<QString, SGroupElemInfo>> DicomFile::items(DcmTagKey const& sequence) const
 {
     QList<QMap<QString, SGroupElemInfo>> maps;
+    if (!m_file && m_plain && !m_plain->has(keyOf(sequence))) return maps;
     DcmSequenceOfItems* found = nullptr;
-    if (!m_file || m_file->getDataset()->findAndGetSequence(sequence, found).bad() || !found) return maps;
+    if (!parsed() || m_file->getDataset()->findAndGetSequence(sequence, found).bad() || !found) return maps;
     QByteArray const characterSet = text(DCM_SpecificCharacterSet);
     for (unsigned long i = 0; i < found->card(); ++i) {
         maps.append(QMap<QString, SGroupElemInfo>());
@@ -219,7 +287,10 @@ QList<QMap<QString, SGroupElemInfo>> DicomFile::items(DcmTagKey const& sequence)
 
 QString DicomFile::values(DcmTagKey const& tag) const
 {
-    if (!m_file) return {};
+    std::uint32_t const key = keyOf(tag);
+    if (!m_file && m_plain && !m_plain->has(key)) return {};
+    if (!m_file && m_plain && m_plain->values(key)) return QString::fromLatin1(plainText(key));
+    if (!parsed()) return {};
     auto* const item = tag.getGroup() == 0x0002 ? static_cast<DcmItem*>(m_file->getMetaInfo())
                                                 : static_cast<DcmItem*>(m_file->getDataset());
     DcmElement* element = nullptr;
@@ -227,16 +298,9 @@ QString DicomFile::values(DcmTagKey const& tag) const
     return valueOf(*element, text(DCM_SpecificCharacterSet)).trimmed();
 }
 
-void DicomFile::readLayout()
+// Of the parsed file where there is one, else of the plain header.
+PixelLayout DicomFile::readLayout() const
 {
-    DcmDataset& dataset = *m_file->getDataset();
-    m_photometric = photometricByName(text(DCM_PhotometricInterpretation));
-    DcmElement* element = nullptr;
-    if (dataset.findAndGetElement(DCM_PixelData, element).bad() || !element ||
-        element->ident() != EVR_PixelData) {
-        m_pixelFault = QStringLiteral("it has no pixels");
-        return;
-    }
     auto const unsignedValue = [this](DcmTagKey const& tag, std::uint64_t absent) {
         QByteArray const value = text(tag);
         if (value.isEmpty()) return absent;
@@ -246,7 +310,7 @@ void DicomFile::readLayout()
     auto const small = [&](DcmTagKey const& tag, std::uint64_t absent) {
         return static_cast<unsigned>(std::min<std::uint64_t>(unsignedValue(tag, absent), 0xFFFF));
     };
-    PixelLayout& layout = m_layout;
+    PixelLayout layout;
     layout.columns = unsignedValue(DCM_Columns, 0);
     layout.rows = unsignedValue(DCM_Rows, 0);
     layout.frames = unsignedValue(DCM_NumberOfFrames, 1);
@@ -255,44 +319,108 @@ void DicomFile::readLayout()
     layout.bitsStored = small(DCM_BitsStored, layout.bitsAllocated);
     layout.highBit = small(DCM_HighBit, layout.bitsStored > 0 ? layout.bitsStored - 1 : 0);
     layout.isSigned = small(DCM_PixelRepresentation, 0) == 1;
-    layout.lowIsWhite = m_photometric == EPI_Monochrome1;
-
+    layout.lowIsWhite = photometricByName(text(DCM_PhotometricInterpretation)) == EPI_Monochrome1;
+    if (!m_file) {
+        layout.elementBytes = m_plain->pixelBytes();
+        return layout;
+    }
+    DcmElement* element = nullptr;
+    DcmDataset& dataset = *m_file->getDataset();
+    if (dataset.findAndGetElement(DCM_PixelData, element).bad() || !element ||
+        element->ident() != EVR_PixelData)
+        return layout;
     auto& pixels = static_cast<DcmPixelData&>(*element);
     E_TransferSyntax const syntax = dataset.getOriginalXfer();
     DcmPixelSequence* fragments = nullptr;
-    if (pixels.getEncapsulatedRepresentation(syntax, nullptr, fragments).good() && fragments) {
-        layout.isEncapsulated = true;
-        layout.fragments = fragments->card() > 0 ? fragments->card() - 1 : 0;
-        for (unsigned long i = 1; i < fragments->card(); ++i) {
-            DcmPixelItem* item = nullptr;
-            if (fragments->getItem(item, i).good() && item) layout.elementBytes += item->getLength();
-        }
-        if (!DcmCodecList::canChangeCoding(syntax, EXS_LittleEndianExplicit)) {
-            m_pixelFault = QStringLiteral("its pixels are compressed by a method that is not known here (%1)")
-                               .arg(QLatin1String(DcmXfer(syntax).getXferName()));
-            return;
-        }
-    } else {
+    if (pixels.getEncapsulatedRepresentation(syntax, nullptr, fragments).bad() || !fragments) {
         layout.elementBytes = pixels.getLength(syntax);
+        return layout;
     }
-    PixelFault const fault = hvdicom::pixelFault(layout);
+    layout.isEncapsulated = true;
+    layout.fragments = fragments->card() > 0 ? fragments->card() - 1 : 0;
+    for (unsigned long i = 1; i < fragments->card(); ++i) {
+        DcmPixelItem* item = nullptr;
+        if (fragments->getItem(item, i).good() && item) layout.elementBytes += item->getLength();
+    }
+    return layout;
+}
+
+DicomFile::Pixels const& DicomFile::pixels() const
+{
+    // Who has asked whether a file can be decoded asks next for its size.
+    thread_local std::shared_ptr<PlainHeader const> last;
+    thread_local Pixels lastPixels;
+    if (!m_pixels && m_plain && m_plain == last) m_pixels = lastPixels;
+    if (!m_pixels) {
+        try {
+            m_pixels = readPixels();
+            if (m_plain && !m_file) {
+                last = m_plain;
+                lastPixels = *m_pixels;
+            }
+        } catch (std::exception const&) {
+            m_pixels = Pixels();
+            m_pixels->layout.frames = 0;
+            m_pixels->fault = QStringLiteral("its description is damaged");
+        }
+    }
+    return *m_pixels;
+}
+
+PixelLayout const& DicomFile::layout() const
+{
+    return pixels().layout;
+}
+
+QString DicomFile::pixelFault() const
+{
+    return pixels().fault;
+}
+
+int DicomFile::photometricInterpretation() const
+{
+    return pixels().photometric;
+}
+
+DicomFile::Pixels DicomFile::readPixels() const
+{
+    Pixels pixels;
+    pixels.layout.frames = 0;
+    pixels.photometric = EPI_Unknown;
+    if (!isOpen()) return pixels;
+    pixels.photometric = photometricByName(text(DCM_PhotometricInterpretation));
+    if (m_file ? !hasPixelElement(*m_file->getDataset()) : !m_plain->hasPixels()) {
+        pixels.fault = QStringLiteral("it has no pixels");
+        return pixels;
+    }
+    pixels.layout = readLayout();
+    if (pixels.layout.isEncapsulated) {
+        E_TransferSyntax const syntax = m_file->getDataset()->getOriginalXfer();
+        if (!DcmCodecList::canChangeCoding(syntax, EXS_LittleEndianExplicit)) {
+            pixels.fault = QStringLiteral("its pixels are compressed by a method that is not known here (%1)")
+                               .arg(QLatin1String(DcmXfer(syntax).getXferName()));
+            return pixels;
+        }
+    }
+    PixelFault const fault = hvdicom::pixelFault(pixels.layout);
     if (fault != PixelFault::None)
-        m_pixelFault = QLatin1String(describe(fault));
+        pixels.fault = QLatin1String(describe(fault));
     else
-        m_coding = sampleCoding(layout);
+        pixels.coding = sampleCoding(pixels.layout);
+    return pixels;
 }
 
 bool DicomFile::isGrey() const
 {
-    return (m_photometric == EPI_Monochrome1 || m_photometric == EPI_Monochrome2) &&
-           m_layout.samplesPerPixel == 1;
+    return (pixels().photometric == EPI_Monochrome1 || pixels().photometric == EPI_Monochrome2) &&
+           layout().samplesPerPixel == 1;
 }
 
 bool DicomFile::readFrame(std::uint64_t frame, void* target)
 {
-    if (!m_file || !m_pixelFault.isEmpty() || !isGrey() || frame >= m_layout.frames) return false;
+    if (!pixels().fault.isEmpty() || !isGrey() || frame >= layout().frames || !parsed()) return false;
     try {
-        return m_layout.isEncapsulated ? readCompressed(frame, target) : readPlain(frame, target);
+        return layout().isEncapsulated ? readCompressed(frame, target) : readPlain(frame, target);
     } catch (std::exception const&) {
         return false;
     }
@@ -300,9 +428,9 @@ bool DicomFile::readFrame(std::uint64_t frame, void* target)
 
 bool DicomFile::readFrame(std::uint64_t frame, CILImage& image)
 {
-    if (!m_file || !m_pixelFault.isEmpty() || !isGrey() || frame >= m_layout.frames) return false;
+    if (!pixels().fault.isEmpty() || !isGrey() || frame >= layout().frames || !parsed()) return false;
     HVSDataTypes const type = sampleBits() == 8 ? eTypeUInt8 : sampleBits() == 16 ? eTypeUInt16 : eTypeUInt32;
-    if (!image.InitWithType(type, static_cast<long>(m_layout.columns), static_cast<long>(m_layout.rows)) ||
+    if (!image.InitWithType(type, static_cast<long>(layout().columns), static_cast<long>(layout().rows)) ||
         !readFrame(frame, image.get_data()))
         return false;
     image.RefreshImageStats();
@@ -315,20 +443,20 @@ bool DicomFile::readPlain(std::uint64_t frame, void* target)
     if (m_file->getDataset()->findAndGetElement(DCM_PixelData, element).bad() || !element) return false;
     // Frames of less than a byte a sample follow one another without a gap. Words of two bytes are read
     // whole.
-    std::uint64_t const firstBit = frame * frameBits(m_layout);
+    std::uint64_t const firstBit = frame * frameBits(layout());
     std::uint64_t const first = firstBit / 8 & ~std::uint64_t{1};
-    std::uint64_t const end = (firstBit + frameBits(m_layout) + 7) / 8;
+    std::uint64_t const end = (firstBit + frameBits(layout()) + 7) / 8;
     std::uint64_t const length = end - first;
     auto const skipped = static_cast<unsigned>(firstBit - first * 8);
-    bool const inPlace = skipped == 0 && m_layout.bitsAllocated == sampleBits();
+    bool const inPlace = skipped == 0 && layout().bitsAllocated == sampleBits();
     if (!inPlace) m_words.resize(static_cast<std::size_t>((length + 3) / 4));
     void* const raw = inPlace ? target : m_words.data();
     if (element->getPartialValue(raw, static_cast<Uint32>(first), static_cast<Uint32>(length), &m_cache)
             .bad())
         return false;
-    if (inPlace && isPlain(m_coding, sampleBits())) return true;
-    decodeSamples(m_coding, static_cast<unsigned char const*>(raw) + skipped / 8, skipped % 8,
-                  static_cast<std::size_t>(samplesPerFrame(m_layout)), sampleBits(), target);
+    if (inPlace && isPlain(pixels().coding, sampleBits())) return true;
+    decodeSamples(pixels().coding, static_cast<unsigned char const*>(raw) + skipped / 8, skipped % 8,
+                  static_cast<std::size_t>(samplesPerFrame(layout())), sampleBits(), target);
     return true;
 }
 
@@ -337,7 +465,7 @@ bool DicomFile::readCompressed(std::uint64_t frame, void* target)
     DcmElement* element = nullptr;
     DcmDataset& dataset = *m_file->getDataset();
     if (dataset.findAndGetElement(DCM_PixelData, element).bad() || !element) return false;
-    std::uint64_t const length = frameBytes(m_layout);
+    std::uint64_t const length = frameBytes(layout());
     if (length > 0xFFFFFFF0U) return false;
     m_words.resize(static_cast<std::size_t>((length + 7) / 4));
     Uint32 fragment = frame < m_fragmentOfFrame.size() ? m_fragmentOfFrame[frame] : 0;
@@ -349,7 +477,7 @@ bool DicomFile::readCompressed(std::uint64_t frame, void* target)
         return false;
     if (m_fragmentOfFrame.size() <= frame) m_fragmentOfFrame.resize(frame + 1, 0);
     if (m_fragmentOfFrame.size() == frame + 1) m_fragmentOfFrame.push_back(fragment);
-    decodeSamples(m_coding, m_words.data(), 0, static_cast<std::size_t>(samplesPerFrame(m_layout)),
+    decodeSamples(pixels().coding, m_words.data(), 0, static_cast<std::size_t>(samplesPerFrame(layout())),
                   sampleBits(), target);
     return true;
 }

@@ -2,6 +2,7 @@
 
 #include "hvdicom/SGroupElemInfo.h"
 #include "logic/PixelLayout.h"
+#include "logic/PlainHeader.h"
 #include "logic/StoredSamples.h"
 
 #include <dcmtk/config/osconfig.h>
@@ -35,9 +36,12 @@ class DicomFile
 public:
     DicomFile();
 
-    // Forgets what was there and parses another file. `path` in the file system's encoding.
+    // Forgets what was there and opens another file. `path` in the file system's encoding. A plain file is
+    // parsed by the DICOM library only when something is asked that its header did not tell.
     bool open(QByteArray const& path);
-    bool isOpen() const { return m_file != nullptr; }
+    // The same for a file whose plain header (HeaderMemory.h) has just been read; null: it is not plain.
+    bool open(QByteArray const& path, std::shared_ptr<PlainHeader const> plain);
+    bool isOpen() const { return m_plain || m_file; }
 
     // Value number `position` of an attribute without blanks around it; empty when absent.
     QByteArray text(DcmTagKey const& tag, unsigned long position = 0) const;
@@ -56,18 +60,18 @@ public:
     QString values(DcmTagKey const& tag) const;
 
     // What the file declares about its pixels; all zero where there are none.
-    PixelLayout const& layout() const { return m_layout; }
+    PixelLayout const& layout() const;
     // Why frames cannot be decoded; empty when they can. Colour counts as decodable here, though readFrame()
     // is for pictures of one sample a pixel.
-    QString pixelFault() const { return m_pixelFault; }
+    QString pixelFault() const;
 
     // As in the enumeration of the DICOM library, which the contract fixes: 0, 1 unknown, 2, 3 grey, above
     // colour.
-    int photometricInterpretation() const { return m_photometric; }
+    int photometricInterpretation() const;
     bool isGrey() const;
 
     // Bits of the samples that readFrame() writes: 8, 16 or 32.
-    unsigned sampleBits() const { return outputBits(m_layout.bitsStored); }
+    unsigned sampleBits() const { return outputBits(layout().bitsStored); }
 
     // Frame, from 0, as unsigned samples of sampleBits() that are brighter the larger they are, rows from top
     // to bottom. `target` has room for them and is aligned for 4 bytes. False when there is no such frame or
@@ -77,19 +81,30 @@ public:
     bool readFrame(std::uint64_t frame, CILImage& image);
 
 private:
+    DcmFileFormat* parsed() const;
+    QByteArray plainText(std::uint32_t tag) const;
     bool readPlain(std::uint64_t frame, void* target);
     bool readCompressed(std::uint64_t frame, void* target);
-    void readLayout();
+    struct Pixels
+    {
+        PixelLayout layout;
+        SampleCoding coding;
+        QString fault;
+        int photometric = 0;
+    };
+    Pixels const& pixels() const;
+    PixelLayout readLayout() const;
+    Pixels readPixels() const;
 
+    QByteArray m_path;
+    std::shared_ptr<PlainHeader const> m_plain;
     // Parsed attributes are read by functions of the DICOM library that are not const.
-    std::unique_ptr<DcmFileFormat> m_file;
+    mutable std::unique_ptr<DcmFileFormat> m_file;
+    mutable bool m_isBroken = false;  // the plain file is no longer what it was
     DcmFileCache m_cache;
-    PixelLayout m_layout;
-    SampleCoding m_coding;
-    QString m_pixelFault;
-    int m_photometric = 0;
-    std::vector<Uint32> m_fragmentOfFrame;  // as far as known
-    std::vector<std::uint32_t> m_words;     // room for one frame as it lies in the file
+    mutable std::optional<Pixels> m_pixels;  // read when it is first asked for
+    std::vector<Uint32> m_fragmentOfFrame;   // as far as known
+    std::vector<std::uint32_t> m_words;      // room for one frame as it lies in the file
 };
 
 }  // namespace hvdicom

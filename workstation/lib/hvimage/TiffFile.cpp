@@ -15,6 +15,7 @@
 namespace {
 
 constexpr std::size_t windowSize = 8192;
+constexpr std::size_t firstWindowSize = 16;
 constexpr std::size_t smallRead = 4096;
 
 // More than any volume has slices; keeps a file that is one long chain of empty directories from taking
@@ -138,9 +139,10 @@ std::size_t TiffFile::read(std::uint64_t offset, void* bytes, std::size_t count)
     if (!isOpen() || offset >= m_size) return 0;
     if (count > smallRead) return readThrough(offset, bytes, count);
     if (offset < m_windowStart || offset + count > m_windowStart + m_windowBytes) {
-        m_window.resize(windowSize);
+        // The first bytes tell most files from a TIFF file.
+        m_window.resize(m_window.empty() ? std::max(firstWindowSize, count) : windowSize);
         m_windowStart = offset;
-        m_windowBytes = readThrough(offset, m_window.data(), windowSize);
+        m_windowBytes = readThrough(offset, m_window.data(), m_window.size());
     }
     std::size_t const held = m_windowBytes - static_cast<std::size_t>(offset - m_windowStart);
     std::size_t const given = std::min(count, held);

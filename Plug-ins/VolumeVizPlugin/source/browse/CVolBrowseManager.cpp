@@ -82,7 +82,9 @@ void CVolBrowseManager::browse(const QString& path, bool)
     QCoreApplication::processEvents();
     m_abort = false;
     m_entered.clear();
-    walkFolder(path);
+    QDir start(path);
+    const QString name = start.dirName();
+    walkFolder(path, {name, start.cdUp() ? start.absolutePath() : QString()});
     post(new CVolBrowseEndEvent(isAborted() ? QStringLiteral("Browsing aborted. ") : QString()));
     CHVUtilityFns::restoreCursor();
 }
@@ -93,7 +95,7 @@ void CVolBrowseManager::post(QEvent* event) const
 }
 
 // Returns walkStopped after an abort, else 0.
-int CVolBrowseManager::walkFolder(const QString& folder)
+int CVolBrowseManager::walkFolder(const QString& folder, const Place& place)
 {
     if (isAborted()) return walkStopped;
     post(new CVolBrowseProgressEvent(folder, 1, 1));
@@ -103,21 +105,26 @@ int CVolBrowseManager::walkFolder(const QString& folder)
     if (std::find(m_entered.begin(), m_entered.end(), listing.identity) != m_entered.end()) return 0;
 
     if (!listing.files.isEmpty())
-        if (auto info = dataSetOf(folder, listing.files))
+        if (auto info = dataSetOf(folder, place, listing.files))
             post(new CVolBrowseOneFileCompltdEvent(std::move(info)));
     listing.files.clear();
 
-    if (listing.isReadable) m_entered.push_back(listing.identity);
-    const QString above = QDir(folder).path() + QLatin1Char('/');
+    if (listing.folders.isEmpty()) return 0;
+
+    m_entered.push_back(listing.identity);
+    const QDir dir(folder);
+    const QString above = dir.path() + QLatin1Char('/');
+    const QString parentFolder = dir.absolutePath();
     int status = 0;
     for (auto name = listing.folders.cbegin(); name != listing.folders.cend() && status != walkStopped;
          ++name)
-        status = walkFolder(above + *name);
-    if (listing.isReadable) m_entered.pop_back();
+        status = walkFolder(above + *name, {*name, parentFolder});
+    m_entered.pop_back();
     return status;
 }
 
-std::unique_ptr<CVolBrowserInfo> CVolBrowseManager::dataSetOf(const QString& folder, const QStringList& files)
+std::unique_ptr<CVolBrowserInfo> CVolBrowseManager::dataSetOf(const QString& folder, const Place& place,
+                                                              const QStringList& files)
 try {
     HostFirstFile first(folder, files.first());
     const std::optional<FolderClass> found = classifyFolder(first, {files.size(), files.first()});
@@ -126,9 +133,8 @@ try {
     auto info = std::make_unique<CVolBrowserInfo>();
     info->m_type = found->isTiff ? QStringLiteral("TIFF") : QStringLiteral("DICOM");
     info->m_folder = folder;
-    QDir place(folder);
-    info->m_name = place.dirName();
-    if (place.cdUp()) info->m_parentFolder = place.absolutePath();
+    info->m_name = place.name;
+    info->m_parentFolder = place.parentFolder;
     info->m_slices = found->slices;
     info->m_fileCount = files.size();
     info->m_files =
@@ -140,7 +146,7 @@ try {
     info->m_sliceSpacing = found->sliceSpacing;
     if (isCtDataOfSequence(info->m_name, info->m_parentFolder)) {
         info->m_isCtDataFolder = true;
-        info->m_name = place.dirName();
+        info->m_name = QDir(place.parentFolder).dirName();
     }
     return info;
 } catch (const std::exception&) {

@@ -37,10 +37,16 @@ protected:
 
 private:
     void browse(const QString& path, bool recursive);
-    int walkFolder(const QString& folder);
+    struct Place
+    {
+        QString name;          // of a folder
+        QString parentFolder;  // absolute; empty where there is none
+    };
+    int walkFolder(const QString& folder, const Place& place);
     void post(QEvent* event) const;
     bool isAborted() const;
-    static std::unique_ptr<CVolBrowserInfo> dataSetOf(const QString& folder, const QStringList& files);
+    static std::unique_ptr<CVolBrowserInfo> dataSetOf(const QString& folder, const Place& place,
+                                                      const QStringList& files);
 
     QObject* const m_receiver;
     QMutex m_mutex;  // guards the writer of m_abort

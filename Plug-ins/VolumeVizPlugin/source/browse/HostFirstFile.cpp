@@ -7,15 +7,6 @@
 #include <QFile>
 #include <QFileInfo>
 
-namespace {
-
-QString tag(const CHVDcmImage& image, const char* group, const char* element)
-{
-    return image.getTagValue(QLatin1String(group), QLatin1String(element));
-}
-
-}  // namespace
-
 HostFirstFile::HostFirstFile(const QString& folder, const QString& name)
     : m_folder(folder)
     , m_path(folder + QLatin1Char('/') + name)
@@ -74,11 +65,11 @@ std::optional<DicomImageFacts> HostFirstFile::readDicomImage()
     facts.actualDepth = image.getActualDepth();
     facts.width = image.getWidth();
     facts.height = image.getHeight();
-    facts.modality = tag(image, "0008", "0060");
-    facts.pixelSpacing = tag(image, "0028", "0030");
-    facts.spacingBetweenSlices = tag(image, "0018", "0088");
-    facts.sliceThickness = tag(image, "0018", "0050");
-    facts.manufacturer = tag(image, "0008", "0070");
+    facts.modality = image.getTagValue(QStringLiteral("0008"), QStringLiteral("0060"));
+    facts.pixelSpacing = image.getTagValue(QStringLiteral("0028"), QStringLiteral("0030"));
+    facts.spacingBetweenSlices = image.getTagValue(QStringLiteral("0018"), QStringLiteral("0088"));
+    facts.sliceThickness = image.getTagValue(QStringLiteral("0018"), QStringLiteral("0050"));
+    facts.manufacturer = image.getTagValue(QStringLiteral("0008"), QStringLiteral("0070"));
     for (const auto& item : image.getHeaderTagSequence(0x0018, 0xA001))
         facts.contributingManufacturers << item.value(QStringLiteral("0008, 0070")).value;
     return facts;

@@ -11,6 +11,15 @@ constexpr std::uint64_t mostExpansion = 2048;
 
 }  // namespace
 
+bool PixelLayout::operator==(PixelLayout const& other) const
+{
+    return columns == other.columns && rows == other.rows && frames == other.frames &&
+           samplesPerPixel == other.samplesPerPixel && bitsAllocated == other.bitsAllocated &&
+           bitsStored == other.bitsStored && highBit == other.highBit && isSigned == other.isSigned &&
+           lowIsWhite == other.lowIsWhite && isEncapsulated == other.isEncapsulated &&
+           elementBytes == other.elementBytes && fragments == other.fragments;
+}
+
 bool isPlausibleExpansion(std::uint64_t encoded, std::uint64_t decoded)
 {
     return decoded <= alwaysDecoded || (decoded - alwaysDecoded) / mostExpansion <= encoded;

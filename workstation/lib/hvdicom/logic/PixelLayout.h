@@ -19,6 +19,8 @@ struct PixelLayout
     bool isEncapsulated = false;     // compressed, in fragments
     std::uint64_t elementBytes = 0;  // that are there: of the element, or of all fragments together
     std::uint64_t fragments = 0;     // of an encapsulated one, without the offset table
+
+    bool operator==(PixelLayout const& other) const;
 };
 
 enum class PixelFault
