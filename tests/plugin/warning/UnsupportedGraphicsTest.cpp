@@ -1,4 +1,4 @@
-// Runs with MESA_GL_VERSION_OVERRIDE=1.4.
+// Runs with MESA_GL_VERSION_OVERRIDE=1.4, and again with MESA_EXTENSION_OVERRIDE=-GL_EXT_texture3D.
 
 #include "gui/RecordingHost.h"
 #include "plugin/CHVVolumeVizPalette.h"
@@ -97,6 +97,17 @@ TEST_F(UnsupportedGraphics, SequencesAreNotShown)
     QCoreApplication::sendEvent(palette, &change);
     EXPECT_EQ(palette->VolumeVizTabWidget->count(), 1);
     EXPECT_TRUE(palette->getCurrentSeqID().isNull());
+}
+
+TEST_F(UnsupportedGraphics, RenderControlsDoNothing)
+{
+    palette->onMIPToggled(true);
+    palette->onLightingToggled(true);
+    palette->onMedianFilterDenoiseToggled(true);
+    palette->onBestRenderQualityCheckBoxToggled(true);
+    palette->onLevelOfDetailReset();
+    EXPECT_EQ(palette->recordOf(QString()), nullptr);
+    EXPECT_TRUE(host->entries.isEmpty());
 }
 
 TEST_F(UnsupportedGraphics, ASecondPaletteIsNotTested)

@@ -5,10 +5,11 @@
 #include <algorithm>
 #include <stdexcept>
 
-GlCanvas::GlCanvas(int size)
+GlCanvas::GlCanvas(int size, QOpenGLContext* group)
     : m_size(size)
 {
     m_surface.create();
+    m_context.setShareContext(group);
     if (!m_context.create() || !m_context.makeCurrent(&m_surface)) throw std::runtime_error("no GL context");
     glew::initialise();
     m_framebuffer = std::make_unique<QOpenGLFramebufferObject>(size, size, QOpenGLFramebufferObject::Depth);
@@ -35,6 +36,12 @@ void GlCanvas::clear(double depth)
     glClearColor(0, 0, 0, 0);
     glClearDepth(depth);
     glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
+}
+
+void GlCanvas::resume()
+{
+    m_context.makeCurrent(&m_surface);
+    m_framebuffer->bind();
 }
 
 int GlCanvas::toPixel(double v) const

@@ -11,7 +11,8 @@
 class GlCanvas
 {
 public:
-    explicit GlCanvas(int size = 64);
+    /// `group`, if not null, is a context to share objects with.
+    explicit GlCanvas(int size = 64, QOpenGLContext* group = nullptr);
     ~GlCanvas();
     GlCanvas(const GlCanvas&) = delete;
     GlCanvas& operator=(const GlCanvas&) = delete;
@@ -30,6 +31,8 @@ public:
     double depthAt(double x, double y) const;
     /// All colours, for comparing frames.
     QByteArray pixels() const;
+    /// Makes the canvas current again after another context was.
+    void resume();
 
     QOpenGLContext& context() { return m_context; }
 
