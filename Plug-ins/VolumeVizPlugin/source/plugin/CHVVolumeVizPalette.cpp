@@ -102,6 +102,7 @@ void CHVVolumeVizPalette::fillColorTables()
     m_pColorTableCombo->setCurrentIndex(0);
     m_pColorTableCombo->setEnabled(true);
     m_pColorTableCombo->setEditable(true);
+    m_pColorTableCombo->setInsertPolicy(QComboBox::NoInsert);  // what is typed finds a table and makes none
 }
 
 void CHVVolumeVizPalette::createResultsTab()
@@ -153,12 +154,27 @@ void CHVVolumeVizPalette::connectControls()
     connect(m_pVolumeButtonGroup, &QGroupBox::toggled, this,
             &CHVVolumeVizPalette::onVolumeButtonGroupToggled);
     connect(m_pOpacitySlider, SIGNAL(sliderReleased()), this, SLOT(onOpacitySliderReleased()));
+    connectHistogramControls();
     connect(m_pTransformToolBtn, SIGNAL(toggled(bool)), this, SLOT(onToggleTransformTool(bool)));
     connect(m_pTransformResetBtn, SIGNAL(clicked()), this, SLOT(onToggleTransformReset()));
     connect(m_pCroptoolButton, SIGNAL(toggled(bool)), this, SLOT(onToggleCropTool(bool)));
     connect(m_pCropResetBtn, SIGNAL(clicked()), this, SLOT(onCropReset()));
     connect(m_pVolumeInfoDialogButton, SIGNAL(clicked()), this, SLOT(onShowVolumeInfoDialog()));
     connect(m_pMinMaxUnitCB, SIGNAL(currentTextChanged(QString)), this, SLOT(onShownUnitChanged(QString)));
+}
+
+void CHVVolumeVizPalette::connectHistogramControls()
+{
+    connect(m_pColorTableCombo, SIGNAL(currentIndexChanged(int)), this,
+            SLOT(onSelChangeVolumeColorTableCombo(int)));
+    connect(m_pReverseColorMapCheck, SIGNAL(clicked()), this, SLOT(onClickVolumeColorTableReverseCheckBox()));
+    connect(m_pLogarithmicHistogramCheckBox, SIGNAL(toggled(bool)), this,
+            SLOT(onLogarithmicHistogramCheckBox(bool)));
+    connect(m_pAutoFitToolButton, SIGNAL(clicked()), this, SLOT(onClickAutoFitTB()));
+    connect(m_pClearToolButton, SIGNAL(clicked()), this, SLOT(onClickClearTransferFunction()));
+    connect(m_pHistogramWindowTB, SIGNAL(clicked()), this, SLOT(onClickHistogramWindowTB()));
+    connect(m_pMinMaxUnitCB, SIGNAL(currentIndexChanged(QString)), this,
+            SLOT(onMinMaxUnitCBIndexChanged(QString)));
 }
 
 HVS_COLORTABLE_TYPES CHVVolumeVizPalette::getColorTableType(int index)

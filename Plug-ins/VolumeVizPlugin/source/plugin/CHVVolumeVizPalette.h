@@ -14,6 +14,7 @@
 #include "hvimage/HVS_COLORTABLE_TYPES.h"
 
 class C3DSGManager;
+class CHistogramViewer;
 class CTransferFunction1DWidget;
 class CGLVolume;
 class CRenderEffectsDlg;
@@ -158,6 +159,22 @@ public slots:
     /// Takes over a transfer function that was edited elsewhere, in the pixels of the palette's own widget.
     void onSignalUpdateTransferFunction(QPolygonF points, QVector<QRgb> colors,
                                         QVector<HoverPoints::LockType> locks);
+    /// Another colour table, or the same one the other way round: the points stay, their colours change.
+    virtual void onSelChangeVolumeColorTableCombo(int index);
+    virtual void onClickVolumeColorTableReverseCheckBox();
+    virtual void onClickVolumeColorTableLogrithmicScaleCheckBox();
+    /// Makes the transfer function a plain ramp of the table's colours again.
+    void onClickClearTransferFunction();
+    /// Puts a step behind the air, as the histogram tells where it ends.
+    void onClickAutoFitTB();
+    /// Shows the histogram as counts or as their logarithms.
+    void onLogarithmicHistogramCheckBox(bool logarithmic);
+    /// Shows the range of the volume in that unit.
+    void onMinMaxUnitCBIndexChanged(QString strUnit);
+    /// Opens the histogram in a window of its own, and what that window tells.
+    void onClickHistogramWindowTB();
+    void onSignalupdateLogHistogramStatus(Qt::CheckState state);
+    void onSignalUpdateMinMaxUnitCB(QString strUnit);
 
 signals:
     void updateValidity(QWidget* palette, bool valid);
@@ -196,6 +213,15 @@ private:
     void showAsPerformanceMode();
     bool wantsQualityAnyway();
     void updateTransferFnWidget(SVolVizControls* pVolVizControls);
+    /// Shows the current colour table; with `bRecalcTransferPoints` the transfer function becomes a ramp of
+    /// its colours, else its points get new colours.
+    void updateVolumeColorMap(bool bRecalcTransferPoints = true);
+    /// Shows the histogram of the current sequence, counted anew after a load.
+    void updateVolumeHistogram();
+    bool computeHistogram(CGLVolume& node, SVolVizControls& record);
+    void showHistogram();
+    void createHistogramViewer();
+    void closeHistogramViewer();
     void takeLightFromNode(CHVSSequenceDataset* sequence);
 
     void fillColorTables();
@@ -203,6 +229,7 @@ private:
     void createColorBars();
     void createTransferFunction();
     void connectControls();
+    void connectHistogramControls();
     void testCapability();
     void showUnsupportedNotice();
     /// Makes sure that the current sequence's scene has a volume node.
@@ -228,6 +255,7 @@ private:
     bool m_bResultNameEdited = false;
     QMenu* m_pResultsMenu = nullptr;
     bool m_bDroppedFiles = false;
+    CHistogramViewer* m_pHistogramViewer = nullptr;
     int m_nLowerLimit = -1;
     int m_nUpperLimit = -1;
     bool m_b3DCVSupported = true;

@@ -56,6 +56,7 @@ void CHVVolumeVizPalette::updatePaletteControls(SVolVizControls* record)
     rebuildUnitList(*record);
     updateSliceTab(*record);
     if (!updateVolumeTab(*record)) return;
+    updateVolumeHistogram();
     updateTransferFnWidget(record);
 }
 
@@ -116,6 +117,7 @@ void CHVVolumeVizPalette::rebuildUnitList(const SVolVizControls& record)
         combo.addItems(ranges.units());
         combo.setCurrentIndex(combo.count() - 1);
     });
+    onMinMaxUnitCBIndexChanged(m_pMinMaxUnitCB->currentText());
     onShownUnitChanged(m_pMinMaxUnitCB->currentText());
 }
 

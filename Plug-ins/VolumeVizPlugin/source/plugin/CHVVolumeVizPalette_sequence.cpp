@@ -130,6 +130,7 @@ void CHVVolumeVizPalette::setCurrentSequence(CHVSSequenceDataset* sequence)
 {
     if (!sequence || sameId(sequence->getSequenceID(), m_strSequenceID)) return;
     m_strSequenceID = sequence->getSequenceID();
+    closeHistogramViewer();
     SVolVizControls& record = currentRecord();
     C3DSGManager* graph = sequence->get3DSGManager();
     if (!graph || !sameId(graph->getTransformedObjectName(), QStringLiteral("GLVolume")))
@@ -184,6 +185,7 @@ void CHVVolumeVizPalette::onSequenceRemoved(CHVSSequenceDataset* sequence)
     if (!sequence) return;
     const QString id = sequence->getSequenceID();
     m_pCorvaneResultLbl->setText(emptyResultLabel);
+    if (m_pSequenceDataset == sequence) closeHistogramViewer();
     if (windowIsSceneOnlyOrMissing(sequence)) {
         m_pCorvaneLV->clear();
         m_pResultsTabControl->setResultModifiedFlag(false);

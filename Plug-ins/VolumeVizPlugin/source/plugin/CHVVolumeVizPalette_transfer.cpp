@@ -6,6 +6,7 @@
 #include "plugin/PaletteTarget.h"
 #include "render/CGLVolume.h"
 #include "transfer/CColorTableWidget.h"
+#include "transfer/CHistogramViewer.h"
 #include "transfer/CTransferFunction1DWidget.h"
 
 #include <memory>
@@ -122,6 +123,8 @@ void CHVVolumeVizPalette::updateTransferFnWidget(SVolVizControls* pVolVizControl
         maxOpacityOf(pVolVizControls->nOpacitySlider, *m_pOpacitySlider));
     showPoints(*m_pTransferFunctionWidget, pVolVizControls->transferPoints, pVolVizControls->transferColors,
                pVolVizControls->transferLocks);
+    if (m_pHistogramViewer)
+        m_pHistogramViewer->setYAxisMax(static_cast<double>(pVolVizControls->fHistogramYAxisMax));
 }
 
 /// Records keep their points in the pixels of the widget, so those of every sequence follow its size.

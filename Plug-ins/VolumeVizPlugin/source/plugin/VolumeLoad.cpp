@@ -248,8 +248,12 @@ void VolumeLoad::fillRecord(CGLVolume& volume)
     volume.setFilterDenoiseGradient(record.bFilterDenoiseGradient);
     volume.setRenderInBestPerformance(!record.bBestQuality);
 
+    const QPointer<CGLVolume> taker(&volume);
     m_palette.updatePaletteControls(&record);
+    if (!isStillCurrent(taker)) return;
     m_palette.m_bHistogramDirty = true;
+    m_palette.updateVolumeColorMap(true);
+    m_palette.updateVolumeHistogram();
 }
 
 void VolumeLoad::dumpVoxels(CGLVolume& volume) const
@@ -273,7 +277,10 @@ void VolumeLoad::showVolume()
 {
     SceneRefresh::volumeLoaded(window());
     const PaletteTarget now = PaletteTarget::of(m_palette.m_pSequenceDataset);
-    if (now.scene) m_palette.currentRecord().registration.registrationMessage = QString();
+    if (now.scene) {
+        m_palette.currentRecord().registration.registrationMessage = QString();
+        m_palette.onClickAutoFitTB();
+    }
     m_palette.m_pCorvaneResultLbl->setText(QStringLiteral("Volume Information: (Unsaved)"));
 }
 

@@ -25,6 +25,13 @@ constexpr const char* wiredControls[] = {
     "m_pMIPCheckBox",
     "m_pRenderEffectsDlgButton",
     "m_pOpacitySlider",
+    "m_pColorTableCombo",
+    "m_pReverseColorMapCheck",
+    "m_pAutoFitToolButton",
+    "m_pClearToolButton",
+    "m_pHistogramWindowTB",
+    "m_pMinMaxUnitCB",
+    "m_pLogarithmicHistogramCheckBox",
 };
 
 bool isControl(const QWidget* widget)
