@@ -1,4 +1,4 @@
-#include "SceneHelpers.h"
+#include "ViewFixture.h"
 
 #include "hvapi/scene/C3DSGManager.h"
 #include "hvapi/scene/C3DScene.h"
@@ -9,37 +9,16 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
-#include <QElapsedTimer>
 #include <QMouseEvent>
 #include <QSignalSpy>
 #include <QTest>
 #include <QWheelEvent>
-#include <algorithm>
 #include <vector>
 
 using namespace viz_test;
 using hvscene::ViewPreset;
 
 namespace {
-
-struct ViewTest : testing::Test
-{
-    void SetUp() override { scene.resize(96, 96); }
-
-    ColouredBox* addBox(double halfX = 10.0, double halfY = 10.0, double halfZ = 10.0)
-    {
-        auto* box = new ColouredBox("box", halfX, halfY, halfZ);
-        EXPECT_TRUE(manager.addChild(manager.getRootNode(), box));
-        scene.addToScene(box);
-        return box;
-    }
-    QImage grab() { return scene.grabFramebuffer(); }
-
-    RecordingServices host;
-    C3DSGManager manager;
-    C3DScene scene{&manager};
-    ViewControl control{scene};
-};
 
 TEST_F(ViewTest, PresetsShowTheFacesTheyName)
 {
@@ -406,28 +385,6 @@ TEST_F(ViewTest, ThereIsNoToolAndRefreshingOneFindsNothing)
     EXPECT_EQ(scene.getCurrentCameraTool(), C3DView::NoCameraTool);
 }
 
-/// The same, with a window on screen.
-struct ShownViewTest : ViewTest
-{
-    void SetUp() override
-    {
-        ViewTest::SetUp();
-        box = addBox(10, 10, 30);
-        scene.show();
-        ASSERT_TRUE(QTest::qWaitForWindowExposed(&scene));
-        QApplication::processEvents();
-        scene.refresh();
-    }
-    void move(QPoint to, Qt::MouseButtons buttons)
-    {
-        QMouseEvent event(QEvent::MouseMove, to, scene.mapToGlobal(to), Qt::NoButton, buttons,
-                          Qt::NoModifier);
-        QApplication::sendEvent(&scene, &event);
-    }
-
-    ColouredBox* box = nullptr;
-};
-
 TEST_F(ShownViewTest, RefreshPaintsBeforeItReturnsEveryTime)
 {
     box->frames = 0;
@@ -453,106 +410,6 @@ TEST_F(ShownViewTest, RefreshInsideAFrameDoesNotNest)
     box->frames = 0;
     scene.refresh();
     EXPECT_EQ(box->frames, 1);
-    box->onRender = nullptr;
-}
-
-/// The mode of each frame of a box, and when it was drawn.
-struct FastFrames
-{
-    explicit FastFrames(ColouredBox& box)
-    {
-        clock.start();
-        box.onRender = [this] {
-            modes.push_back(CHVProcess::isFast3DRenderingMode());
-            times.push_back(clock.elapsed());
-        };
-    }
-    bool endsInFullDetail() const { return !modes.empty() && !modes.back(); }
-
-    QElapsedTimer clock;
-    std::vector<bool> modes;
-    std::vector<qint64> times;
-};
-
-TEST_F(ShownViewTest, DraggingTurnsOnTheFastModeAndAFullFrameFollows)
-{
-    FastFrames frames(*box);
-    QTest::mousePress(&scene, Qt::LeftButton, Qt::NoModifier, QPoint(48, 48));
-    EXPECT_FALSE(CHVProcess::isFast3DRenderingMode()) << "a press alone moves nothing";
-    move(QPoint(60, 48), Qt::LeftButton);
-    EXPECT_TRUE(CHVProcess::isFast3DRenderingMode());
-    QApplication::processEvents();
-    ASSERT_FALSE(frames.modes.empty());
-    EXPECT_TRUE(frames.modes.back());
-    QTest::mouseRelease(&scene, Qt::LeftButton, Qt::NoModifier, QPoint(60, 48));
-    const qint64 released = frames.clock.elapsed();
-    EXPECT_TRUE(CHVProcess::isFast3DRenderingMode()) << "the mouse may go on";
-    EXPECT_TRUE(QTest::qWaitFor([&] { return frames.endsInFullDetail(); }));
-    EXPECT_FALSE(CHVProcess::isFast3DRenderingMode());
-    EXPECT_GE(frames.times.back() - released, 145) << "150 ms after the last event";
-    const std::size_t count = frames.modes.size();
-    QTest::qWait(200);
-    EXPECT_EQ(frames.modes.size(), count) << "one frame of full detail is enough";
-    box->onRender = nullptr;
-}
-
-TEST_F(ShownViewTest, AClickThatMovesNothingIsNoMotion)
-{
-    FastFrames frames(*box);
-    QTest::mouseClick(&scene, Qt::LeftButton, Qt::NoModifier, QPoint(48, 48));
-    EXPECT_FALSE(CHVProcess::isFast3DRenderingMode());
-    QTest::qWait(200);
-    EXPECT_TRUE(frames.modes.empty());
-    box->onRender = nullptr;
-}
-
-TEST_F(ShownViewTest, AMouseThatRestsInADragSeesTheFullFrame)
-{
-    FastFrames frames(*box);
-    QTest::mousePress(&scene, Qt::LeftButton, Qt::NoModifier, QPoint(48, 48));
-    move(QPoint(60, 48), Qt::LeftButton);
-    EXPECT_TRUE(QTest::qWaitFor([&] { return frames.endsInFullDetail(); }));
-    move(QPoint(62, 48), Qt::LeftButton);
-    EXPECT_TRUE(CHVProcess::isFast3DRenderingMode()) << "the drag goes on";
-    QApplication::processEvents();
-    EXPECT_TRUE(frames.modes.back());
-    QTest::mouseRelease(&scene, Qt::LeftButton, Qt::NoModifier, QPoint(62, 48));
-    EXPECT_TRUE(QTest::qWaitFor([&] { return frames.endsInFullDetail(); }));
-    box->onRender = nullptr;
-}
-
-TEST_F(ShownViewTest, SlowFramesOfADragAreAllFast)
-{
-    std::vector<bool> fast;
-    box->onRender = [&] {
-        fast.push_back(CHVProcess::isFast3DRenderingMode());
-        if (fast.back()) QTest::qSleep(170);
-    };
-    QTest::mousePress(&scene, Qt::LeftButton, Qt::NoModifier, QPoint(48, 48));
-    for (int x = 50; x < 58; x += 2) {
-        move(QPoint(x, 48), Qt::LeftButton);
-        // The next step of the mouse arrives a little after the frame.
-        for (int k = 0; k < 4; ++k)
-            QApplication::processEvents();
-    }
-    ASSERT_GE(fast.size(), 4U);
-    EXPECT_EQ(std::count(fast.begin(), fast.end(), false), 0);
-    QTest::mouseRelease(&scene, Qt::LeftButton, Qt::NoModifier, QPoint(56, 48));
-    EXPECT_TRUE(QTest::qWaitFor([&] { return !fast.back(); }));
-    box->onRender = nullptr;
-}
-
-TEST_F(ShownViewTest, RefreshAfterADragIsOfFullDetail)
-{
-    FastFrames frames(*box);
-    QTest::mousePress(&scene, Qt::LeftButton, Qt::NoModifier, QPoint(48, 48));
-    move(QPoint(60, 48), Qt::LeftButton);
-    scene.refresh();
-    EXPECT_TRUE(frames.modes.back()) << "not within it";
-    QTest::mouseRelease(&scene, Qt::LeftButton, Qt::NoModifier, QPoint(60, 48));
-    scene.refresh();
-    EXPECT_FALSE(frames.modes.back());
-    EXPECT_FALSE(CHVProcess::isFast3DRenderingMode());
     box->onRender = nullptr;
 }
 
@@ -619,36 +476,6 @@ TEST_F(ShownViewTest, DoubleClickTakesTheSceneIntoView)
     EXPECT_NE(scene.grabFramebuffer().pixelColor(7, 48), QColor(0, 0, 240));
     QTest::mouseDClick(&scene, Qt::LeftButton, Qt::NoModifier, QPoint(48, 48));
     EXPECT_EQ(scene.grabFramebuffer().pixelColor(7, 48), QColor(0, 0, 240));
-}
-
-TEST_F(ShownViewTest, TheFastModeEndsWhenTheReleaseIsLost)
-{
-    QTest::mousePress(&scene, Qt::LeftButton, Qt::NoModifier, QPoint(48, 48));
-    move(QPoint(60, 48), Qt::LeftButton);
-    EXPECT_TRUE(CHVProcess::isFast3DRenderingMode());
-    move(QPoint(70, 48), Qt::NoButton);
-    EXPECT_TRUE(QTest::qWaitFor([&] { return !CHVProcess::isFast3DRenderingMode(); }));
-
-    QTest::mousePress(&scene, Qt::LeftButton, Qt::NoModifier, QPoint(48, 48));
-    move(QPoint(60, 48), Qt::LeftButton);
-    scene.hide();
-    EXPECT_FALSE(CHVProcess::isFast3DRenderingMode());
-}
-
-TEST_F(ShownViewTest, TheFastModeEndsWithTheView)
-{
-    auto* other = new C3DScene(&manager);
-    other->resize(64, 64);
-    other->show();
-    ASSERT_TRUE(QTest::qWaitForWindowExposed(other));
-    QTest::mousePress(other, Qt::LeftButton, Qt::NoModifier, QPoint(20, 20));
-    QMouseEvent event(QEvent::MouseMove, QPoint(30, 30), other->mapToGlobal(QPoint(30, 30)), Qt::NoButton,
-                      Qt::LeftButton, Qt::NoModifier);
-    QApplication::sendEvent(other, &event);
-    EXPECT_TRUE(CHVProcess::isFast3DRenderingMode());
-    QApplication::processEvents();
-    delete other;
-    EXPECT_FALSE(CHVProcess::isFast3DRenderingMode());
 }
 
 TEST_F(ShownViewTest, ChangesOfANodeRepaintTheView)

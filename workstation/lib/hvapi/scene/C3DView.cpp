@@ -278,8 +278,8 @@ void C3DView::Private::noteMotion()
 {
     motionShown = false;
     motionRest.start();
-    if (fast) return;
     fast = true;
+    // Each time: another view may have come to rest meanwhile, and the mode is the host's.
     HostServices::instance().setFastRenderingMode(true);
 }
 
