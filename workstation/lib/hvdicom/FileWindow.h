@@ -13,7 +13,8 @@ namespace hvdicom {
 class FileWindow
 {
 public:
-    // `path` in the file system's encoding; a file that cannot be opened has no bytes. Pipes are not waited for.
+    // `path` in the file system's encoding; a file that cannot be opened has no bytes. Pipes are not waited
+    // for.
     explicit FileWindow(char const* path)
         : m_file(::open(path, O_RDONLY | O_CLOEXEC | O_NONBLOCK))
     {}

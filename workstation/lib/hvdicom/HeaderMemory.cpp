@@ -46,8 +46,7 @@ std::shared_ptr<PlainHeader const> readHeader(char const* path, struct stat cons
     };
     std::array<std::uint8_t, firstBytes> start;
     std::size_t const count = window.fill(0, start.data(), start.size());
-    auto header =
-        PlainHeader::read(start.data(), count, source, static_cast<std::uint64_t>(status.st_size));
+    auto header = PlainHeader::read(start.data(), count, source, static_cast<std::uint64_t>(status.st_size));
     return header ? std::make_shared<PlainHeader const>(std::move(*header)) : nullptr;
 }
 
