@@ -157,6 +157,7 @@ void MainWindow::addPluginAction(CHVToolPalettePluginBase* plugin)
         m_pToolsMenu->addAction(action);
         m_pToolsMenu->menuAction()->setVisible(true);
     }
+    m_pToolBar->addAction(action);
 }
 
 void MainWindow::fillRecentMenu()

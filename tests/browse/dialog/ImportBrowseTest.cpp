@@ -63,9 +63,8 @@ TEST_F(ImportBrowse, ABrowseFindsTheFoldersAndPreviewsTheFirst)
     EXPECT_EQ(dialog->m_pCompatibleDataList->currentIndex().row(), 0);
     EXPECT_EQ(message(), QString("(picture)"));
     EXPECT_TRUE(dialog->m_pLoadButton->isEnabled());
-    QStringList files = names(dialog->getSelectedFiles());
-    files.sort();
-    EXPECT_EQ(files, (QStringList{"slice_000.dcm", "slice_001.dcm", "slice_002.dcm"}));
+    EXPECT_EQ(names(dialog->getSelectedFiles()),
+              (QStringList{"slice_000.dcm", "slice_001.dcm", "slice_002.dcm"}));
     EXPECT_TRUE(dialog->m_pStatusLabel->isVisible());
     EXPECT_FALSE(dialog->m_pProgressBar->isVisible());
     EXPECT_FALSE(dialog->m_pAbortButton->isVisible());

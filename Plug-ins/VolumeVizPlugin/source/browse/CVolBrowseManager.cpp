@@ -3,6 +3,7 @@
 #include "CVolBrowseEvents.h"
 #include "CVolBrowserInfo.h"
 #include "HostFirstFile.h"
+#include "browse/logic/FileOrder.h"
 
 #include "hvdicom/sortDICOMFileListByPosition.h"
 #include "hvutils/CHVUtilityFns.h"
@@ -104,9 +105,11 @@ int CVolBrowseManager::walkFolder(const QString& folder, const Place& place)
     // A link that leads back to a folder on the way here would be followed for ever.
     if (std::find(m_entered.begin(), m_entered.end(), listing.identity) != m_entered.end()) return 0;
 
-    if (!listing.files.isEmpty())
+    if (!listing.files.isEmpty()) {
+        sortByName(listing.files);
         if (auto info = dataSetOf(folder, place, listing.files))
             post(new CVolBrowseOneFileCompltdEvent(std::move(info)));
+    }
     listing.files.clear();
 
     if (listing.folders.isEmpty()) return 0;
