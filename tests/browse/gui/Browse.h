@@ -135,8 +135,7 @@ protected:
     /// The rules' own words: what QDir lists through the name filters, in no order of its own.
     QStringList listedFiles(const QString& relative)
     {
-        return QDir(folder(relative))
-            .entryList({"*.dcm", "*.dc3", "*.tif", "*tiff"}, QDir::Files, QDir::Unsorted);
+        return QDir(folder(relative)).entryList({"*.dcm", "*.dc3", "*.tif", "*tiff"}, QDir::Files);
     }
 
     QTemporaryDir m_root;

@@ -192,7 +192,7 @@ TEST_F(ClassifyTree, numberedSiemensFilesComeInTheOrderOfTheirSlices)
     EXPECT_EQ(receiver.of(folder("scan"))->m_files, (QStringList{"2.dcm", "4.dcm", "1.dcm", "3.dcm"}));
 }
 
-TEST_F(ClassifyTree, otherFilesStayInTheOrderOfTheFileSystem)
+TEST_F(ClassifyTree, otherFilesStandByName)
 {
     for (int i = 0; i < 12; ++i) {
         dicom(QString("maker/%1.dcm").arg(i),

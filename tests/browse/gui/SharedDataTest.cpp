@@ -166,8 +166,7 @@ protected:
     }
     QStringList listed(const QString& relative) const
     {
-        return QDir(root + '/' + relative)
-            .entryList({"*.dcm", "*.dc3", "*.tif", "*tiff"}, QDir::Files, QDir::Unsorted);
+        return QDir(root + '/' + relative).entryList({"*.dcm", "*.dc3", "*.tif", "*tiff"}, QDir::Files);
     }
     template <class Row>
     bool applies(const Row& row) const
@@ -224,7 +223,7 @@ TEST_F(SharedScans, exactlyTheFoldersThatTheRulesAcceptAreListedWithTheirTexts)
     EXPECT_EQ(found.join('\n').toStdString(), expectedFolders.join('\n').toStdString());
 }
 
-// Which file stands first is the file system's choice: each of a mixed folder is tried in a folder of its
+// The name decides which file stands first: each of a mixed folder is tried in a folder of its
 // own.
 TEST_F(SharedScans, eachFileThatMayStandFirstIsDecidedAsTheRulesSay)
 {
