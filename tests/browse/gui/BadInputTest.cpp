@@ -243,7 +243,7 @@ TEST_F(BadInput, aFolderIsListedAsQDirDoes)
     fileOfBytes("here/\xFF.dcm");
 
     const QStringList filters = {"*.dcm", "*.dc3", "*.tif", "*tiff"};
-    const FolderListing listing = listFolder(folder("here"), filters);
+    const FolderListing listing = FolderLister(filters).list(folder("here"));
     const QDir dir(folder("here"));
     EXPECT_TRUE(listing.isReadable);
     EXPECT_EQ(listing.files, dir.entryList(filters, QDir::Files, QDir::Unsorted));
@@ -258,7 +258,7 @@ TEST_F(BadInput, aListingOfNoFolderIsEmpty)
 {
     write("file.dcm", "x");
     for (const QString& path : {folder() + "/gone", folder() + "/file.dcm", QString()}) {
-        const FolderListing listing = listFolder(path, {"*.dcm"});
+        const FolderListing listing = FolderLister({"*.dcm"}).list(path);
         EXPECT_FALSE(listing.isReadable);
         EXPECT_TRUE(listing.files.isEmpty());
         EXPECT_TRUE(listing.folders.isEmpty());

@@ -51,6 +51,7 @@ std::optional<std::int64_t> leadingInteger(QByteArray const& text)
 int photometricByName(QByteArray const& name)
 {
     if (name.isEmpty()) return EPI_Missing;
+    if (name == "MONOCHROME2") return EPI_Monochrome2;
     QByteArray plain;
     for (char const c : name.toUpper())
         if ((c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9')) plain += c;
@@ -115,16 +116,21 @@ std::uint32_t keyOf(DcmTagKey const& tag)
 }
 
 // One of the values between "\\", counted from 0; empty where there are less.
-QByteArray valueAt(std::string const& values, unsigned long position)
+QByteArray valueAt(std::string_view values, unsigned long position)
 {
     std::size_t begin = 0;
     for (; position > 0; --position) {
         begin = values.find('\\', begin);
-        if (begin == std::string::npos) return {};
+        if (begin == std::string_view::npos) return {};
         ++begin;
     }
     std::size_t const end = std::min(values.find('\\', begin), values.size());
     return QByteArray(values.data() + begin, static_cast<int>(end - begin));
+}
+
+QString latin1(std::string_view text)
+{
+    return QString::fromLatin1(text.data(), static_cast<int>(text.size()));
 }
 
 bool hasPixelElement(DcmDataset& dataset)
@@ -220,18 +226,11 @@ DcmFileFormat* DicomFile::parsed() const
     return m_file.get();
 }
 
-// Of an attribute that stands in the plain header's values, all of them.
-QByteArray DicomFile::plainText(std::uint32_t tag) const
-{
-    std::string const* const values = m_plain ? m_plain->values(tag) : nullptr;
-    return values ? QByteArray(values->data(), static_cast<int>(values->size())) : QByteArray();
-}
-
 QByteArray DicomFile::text(DcmTagKey const& tag, unsigned long position) const
 {
     if (!m_file && m_plain) {
         std::uint32_t const key = keyOf(tag);
-        if (std::string const* const values = m_plain->values(key)) return valueAt(*values, position);
+        if (auto const values = m_plain->values(key)) return valueAt(*values, position);
         if (!m_plain->has(key)) return {};
     }
     OFString value;
@@ -254,7 +253,7 @@ QString DicomFile::string(DcmTagKey const& tag) const
 
 QString DicomFile::implementationVersionName() const
 {
-    if (!m_file && m_plain) return QString::fromLatin1(plainText(keyOf(DCM_ImplementationVersionName)));
+    if (!m_file && m_plain) return latin1(m_plain->values(keyOf(DCM_ImplementationVersionName)).value_or(""));
     OFString value;
     if (!m_file || m_file->getMetaInfo()->findAndGetOFString(DCM_ImplementationVersionName, value).bad())
         return {};
@@ -288,8 +287,10 @@ QList<QMap<QString, SGroupElemInfo>> DicomFile::items(DcmTagKey const& sequence)
 QString DicomFile::values(DcmTagKey const& tag) const
 {
     std::uint32_t const key = keyOf(tag);
-    if (!m_file && m_plain && !m_plain->has(key)) return {};
-    if (!m_file && m_plain && m_plain->values(key)) return QString::fromLatin1(plainText(key));
+    if (!m_file && m_plain) {
+        if (auto const values = m_plain->values(key)) return latin1(*values);
+        if (!m_plain->has(key)) return {};
+    }
     if (!parsed()) return {};
     auto* const item = tag.getGroup() == 0x0002 ? static_cast<DcmItem*>(m_file->getMetaInfo())
                                                 : static_cast<DcmItem*>(m_file->getDataset());
@@ -302,6 +303,7 @@ QString DicomFile::values(DcmTagKey const& tag) const
 PixelLayout DicomFile::readLayout() const
 {
     auto const unsignedValue = [this](DcmTagKey const& tag, std::uint64_t absent) {
+        if (!m_file && !m_plain->has(keyOf(tag))) return absent;
         QByteArray const value = text(tag);
         if (value.isEmpty()) return absent;
         std::optional<std::int64_t> const read = leadingInteger(value);

@@ -82,7 +82,6 @@ public:
 
 private:
     DcmFileFormat* parsed() const;
-    QByteArray plainText(std::uint32_t tag) const;
     bool readPlain(std::uint64_t frame, void* target);
     bool readCompressed(std::uint64_t frame, void* target);
     struct Pixels

@@ -36,6 +36,7 @@ CVolBrowseManager::CVolBrowseManager(QObject* receiver)
     : m_receiver(receiver)
     , m_nameFilters{QStringLiteral("*.dcm"), QStringLiteral("*.dc3"), QStringLiteral("*.tif"),
                     QStringLiteral("*tiff")}
+    , m_lister(m_nameFilters)
 {}
 
 CVolBrowseManager::~CVolBrowseManager()
@@ -101,7 +102,7 @@ int CVolBrowseManager::walkFolder(const QString& folder, const Place& place)
     if (isAborted()) return walkStopped;
     post(new CVolBrowseProgressEvent(folder, 1, 1));
     QThread::msleep(0);
-    FolderListing listing = listFolder(folder, m_nameFilters);
+    FolderListing listing = m_lister.list(folder);
     // A link that leads back to a folder on the way here would be followed for ever.
     if (std::find(m_entered.begin(), m_entered.end(), listing.identity) != m_entered.end()) return 0;
 

@@ -54,5 +54,7 @@ private:
     QString m_path;
     bool m_recursive = false;
     const QStringList m_nameFilters;
-    std::vector<FolderIdentity> m_entered;  // from the start folder down to the present one; the thread's own
+    // The thread's own.
+    FolderLister m_lister;
+    std::vector<FolderIdentity> m_entered;  // from the start folder down to the present one
 };

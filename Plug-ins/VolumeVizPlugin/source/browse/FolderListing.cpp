@@ -6,17 +6,35 @@
 
 #include <algorithm>
 #include <cstring>
-#include <memory>
+#include <utility>
 
 #include <dirent.h>
 #include <fcntl.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 namespace {
 
-struct CloseFolder
+constexpr std::size_t bufferSize = 32768;  // what the system's own loop takes
+
+class OpenFolder
 {
-    void operator()(DIR* folder) const { closedir(folder); }
+public:
+    explicit OpenFolder(const QString& path)
+        : m_descriptor(
+              open(QFile::encodeName(path).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC | O_NONBLOCK))
+    {}
+    ~OpenFolder()
+    {
+        if (m_descriptor >= 0) close(m_descriptor);
+    }
+    OpenFolder(const OpenFolder&) = delete;
+    OpenFolder& operator=(const OpenFolder&) = delete;
+
+    int descriptor() const { return m_descriptor; }
+
+private:
+    const int m_descriptor;
 };
 
 enum class EntryKind
@@ -26,7 +44,7 @@ enum class EntryKind
     Folder
 };
 
-EntryKind kindOf(int folder, const dirent& entry)
+EntryKind kindOf(int folder, const dirent64& entry)
 {
     unsigned char type = entry.d_type;
     struct stat status = {};
@@ -55,28 +73,35 @@ QString textOfName(const char* name)
 
 }  // namespace
 
-FolderListing listFolder(const QString& folder, const QStringList& nameFilters)
+FolderLister::FolderLister(QStringList nameFilters)
+    : m_nameFilters(std::move(nameFilters))
+    , m_buffer(bufferSize)
+{}
+
+FolderListing FolderLister::list(const QString& folder)
 {
     FolderListing listing;
-    const std::unique_ptr<DIR, CloseFolder> open(opendir(QFile::encodeName(folder).constData()));
-    if (!open) return listing;
-    const int descriptor = dirfd(open.get());
+    const OpenFolder open(folder);
     struct stat status = {};
-    if (fstat(descriptor, &status) != 0) return listing;
+    if (open.descriptor() < 0 || fstat(open.descriptor(), &status) != 0) return listing;
     listing.isReadable = true;
     listing.identity = {status.st_dev, status.st_ino};
 
-    while (const dirent* const entry = readdir(open.get())) {
-        if (entry->d_name[0] == '.') continue;
-        const EntryKind kind = kindOf(descriptor, *entry);
-        if (kind == EntryKind::Other) continue;
-        const QString name = textOfName(entry->d_name);
-        if (name.isEmpty()) continue;
-        if (kind == EntryKind::Folder)
-            listing.folders << name;
-        else if (passesNameFilters(name, nameFilters))
-            listing.files << name;
-    }
+    ssize_t count = 0;
+    while ((count = getdents64(open.descriptor(), m_buffer.data(), m_buffer.size())) > 0)
+        for (ssize_t at = 0; at < count;) {
+            const auto& entry = *reinterpret_cast<const dirent64*>(m_buffer.data() + at);
+            at += entry.d_reclen;
+            if (entry.d_name[0] == '.') continue;
+            const EntryKind kind = kindOf(open.descriptor(), entry);
+            if (kind == EntryKind::Other) continue;
+            const QString name = textOfName(entry.d_name);
+            if (name.isEmpty()) continue;
+            if (kind == EntryKind::Folder)
+                listing.folders << name;
+            else if (passesNameFilters(name, m_nameFilters))
+                listing.files << name;
+        }
     std::sort(listing.folders.begin(), listing.folders.end());
     return listing;
 }

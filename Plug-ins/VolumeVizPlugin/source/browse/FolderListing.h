@@ -4,6 +4,7 @@
 #include <QStringList>
 
 #include <cstdint>
+#include <vector>
 
 /// A folder wherever it is reached from: two paths to one folder have the same identity.
 struct FolderIdentity
@@ -27,5 +28,16 @@ struct FolderListing
     QStringList folders;  ///< all sub-folders, sorted by name
 };
 
-/// Lists a folder; one that is gone or cannot be read is empty.
-FolderListing listFolder(const QString& folder, const QStringList& nameFilters);
+/// Lists one folder after another, through one buffer.
+class FolderLister
+{
+public:
+    explicit FolderLister(QStringList nameFilters);
+
+    /// A folder that is gone or cannot be read has an empty listing.
+    FolderListing list(const QString& folder);
+
+private:
+    const QStringList m_nameFilters;
+    std::vector<char> m_buffer;
+};

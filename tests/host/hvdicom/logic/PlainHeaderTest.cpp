@@ -33,8 +33,7 @@ std::optional<hvdicom::PlainHeader> header(QByteArray const& bytes, int atOnce =
 
 std::string values(hvdicom::PlainHeader const& header, std::uint32_t tag)
 {
-    std::string const* const text = header.values(tag);
-    return text ? *text : "none";
+    return std::string(header.values(tag).value_or("none"));
 }
 
 template <std::size_t N>

@@ -92,29 +92,27 @@ std::uint32_t number(std::uint8_t const* at, unsigned bytes)
     return value;
 }
 
-// The values without the blanks and the padding around each. False for text of another alphabet.
-bool cleanText(std::string& text)
+// Appends the values without the blanks and the padding around each. False for text of another alphabet.
+bool appendClean(std::string_view text, std::string& target)
 {
-    std::size_t const end = text.find_last_not_of('\0');
-    text.erase(end == std::string::npos ? 0 : end + 1);
-    if (std::any_of(text.begin(), text.end(), [](char c) { return c < ' ' || c > '~'; })) return false;
-    if (text.find(' ') == std::string::npos) return true;
-    std::string clean;
-    clean.reserve(text.size());
-    std::size_t begin = 0;
-    while (true) {
-        std::size_t const part = std::min(text.find('\\', begin), text.size());
-        std::size_t const first = text.find_first_not_of(' ', begin);
-        if (first < part) {
-            std::size_t const last = text.find_last_not_of(' ', part - 1);
-            clean.append(text, first, last + 1 - first);
-        }
-        if (part == text.size()) break;
-        clean += '\\';
-        begin = part + 1;
+    text = text.substr(0, text.find_last_not_of('\0') + 1);
+    bool hasBlank = false;
+    for (char const c : text) {
+        if (c < ' ' || c > '~') return false;
+        hasBlank = hasBlank || c == ' ';
     }
-    text.swap(clean);
-    return true;
+    if (!hasBlank) {
+        target.append(text);
+        return true;
+    }
+    for (std::size_t begin = 0;;) {
+        std::size_t const end = std::min(text.find('\\', begin), text.size());
+        std::size_t const first = text.find_first_not_of(' ', begin);
+        if (first < end) target.append(text.substr(first, text.find_last_not_of(' ', end - 1) + 1 - first));
+        if (end == text.size()) return true;
+        target += '\\';
+        begin = end + 1;
+    }
 }
 
 }  // namespace
@@ -130,6 +128,7 @@ public:
     {
         m_header.m_tags.reserve(96);
         m_header.m_values.reserve(std::size(kept));
+        m_header.m_text.reserve(256);
     }
 
     std::optional<PlainHeader> walk()
@@ -192,17 +191,17 @@ private:
         if (m_next == std::end(kept) || m_next->tag != attribute.tag) return true;
         if (attribute.representation != 0 && attribute.representation != m_next->representation) return false;
         if (attribute.length > longestValue) return false;
-        std::string text(attribute.length, '\0');
-        if (attribute.length > 0 &&
-            !bytes(attribute.value, reinterpret_cast<std::uint8_t*>(text.data()), text.size()))
-            return false;
+        std::array<std::uint8_t, longestValue> value;
+        if (!bytes(attribute.value, value.data(), attribute.length)) return false;
+        std::string& text = m_header.m_text;
+        auto const begin = static_cast<std::uint32_t>(text.size());
         if (m_next->representation == us) {
-            if (text.size() != 2) return false;
-            text = std::to_string(number(reinterpret_cast<std::uint8_t const*>(text.data()), 2));
-        } else if (!cleanText(text)) {
+            if (attribute.length != 2) return false;
+            text += std::to_string(number(value.data(), 2));
+        } else if (!appendClean({reinterpret_cast<char const*>(value.data()), attribute.length}, text)) {
             return false;
         }
-        m_header.m_values.emplace_back(attribute.tag, std::move(text));
+        m_header.m_values.push_back({attribute.tag, begin, static_cast<std::uint32_t>(text.size()) - begin});
         return true;
     }
 
@@ -230,7 +229,7 @@ private:
             at = attribute.value + attribute.length;
         }
         m_begin = end;
-        std::string const* const syntax = m_header.values(transferSyntax);
+        std::optional<std::string_view> const syntax = m_header.values(transferSyntax);
         if (!syntax) return false;
         m_isExplicit = *syntax == "1.2.840.10008.1.2.1";
         return m_isExplicit || *syntax == "1.2.840.10008.1.2";
@@ -350,12 +349,12 @@ bool PlainHeader::has(std::uint32_t tag) const
     return std::binary_search(m_tags.begin(), m_tags.end(), tag);
 }
 
-std::string const* PlainHeader::values(std::uint32_t tag) const
+std::optional<std::string_view> PlainHeader::values(std::uint32_t tag) const
 {
-    auto const found = std::lower_bound(
-        m_values.begin(), m_values.end(), tag,
-        [](std::pair<std::uint32_t, std::string> const& entry, std::uint32_t t) { return entry.first < t; });
-    return found != m_values.end() && found->first == tag ? &found->second : nullptr;
+    auto const found = std::lower_bound(m_values.begin(), m_values.end(), tag,
+                                        [](Value const& value, std::uint32_t t) { return value.tag < t; });
+    if (found == m_values.end() || found->tag != tag) return std::nullopt;
+    return std::string_view(m_text).substr(found->begin, found->length);
 }
 
 }  // namespace hvdicom

@@ -5,7 +5,7 @@
 #include <cstdint>
 #include <optional>
 #include <string>
-#include <utility>
+#include <string_view>
 #include <vector>
 
 namespace hvdicom {
@@ -24,9 +24,10 @@ public:
     // Whether an attribute stands in the file's own header or on the first level; `tag` is group and element.
     bool has(std::uint32_t tag) const;
 
-    // All values of an attribute as text, parted by "\\", without blanks around them. Null for an attribute
-    // that is absent, or whose value was not kept: those are kept that tell a data set from another.
-    std::string const* values(std::uint32_t tag) const;
+    // All values of an attribute as text, parted by "\\", without blanks around them. Nothing for an
+    // attribute that is absent, or whose value was not kept: those are kept that tell a data set from
+    // another. The text lives as long as this.
+    std::optional<std::string_view> values(std::uint32_t tag) const;
 
     bool hasPixels() const { return m_hasPixels; }
     std::uint64_t pixelBytes() const { return m_pixelBytes; }
@@ -35,7 +36,14 @@ private:
     friend class PlainHeaderWalk;
 
     std::vector<std::uint32_t> m_tags;  // in ascending order
-    std::vector<std::pair<std::uint32_t, std::string>> m_values;
+    struct Value
+    {
+        std::uint32_t tag;
+        std::uint32_t begin;  // in the text
+        std::uint32_t length;
+    };
+    std::vector<Value> m_values;
+    std::string m_text;
     bool m_hasPixels = false;
     std::uint64_t m_pixelBytes = 0;
 };
