@@ -22,7 +22,7 @@ ROOMS = ["volume", "render", "transfer", "slices", "browse", "process", "registr
 HOST_LIBRARIES = ["hvparser", "hvimage", "hvspinbox", "hvutils", "hvdicom", "hvapi", "HVReconSurfaceVolume"]
 # A library of the workstation may use the ones of an earlier group.
 LIBRARY_RANK = {"hvimage": 0, "hvspinbox": 0, "hvutils": 1, "hvparser": 2, "hvdicom": 2, "hvapi": 3,
-                "HVReconSurfaceVolume": 4}
+                "HVReconSurfaceVolume": 4, "hvmovie": 4}
 SOURCE = "Plug-ins/VolumeVizPlugin/source/"
 INCLUDE_ROOTS = ["", "host/", "workstation/", SOURCE, "tests/", "tools/"]
 PALETTE = "CHVVolumeVizPalette"

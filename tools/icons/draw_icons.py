@@ -166,6 +166,12 @@ def sun():
     return shapes
 
 
+def magnifier(sign):
+    """A lens over a place for a sign, drawn at 10, 10."""
+    return [(line(15.6, 15.6, 21.6, 21.6, 3.6), SLATE), (circle(10, 10, 8.2), SLATE),
+            (circle(10, 10, 6.2), (225, 241, 252))] + sign
+
+
 def window_grid(columns):
     shapes = [(rect(1.5, 3, 22.5, 21, 1.5), INK), (rect(3, 6.6, 21, 19.5), WHITE), (rect(3, 4.4, 21, 5.6), STEEL)]
     w, h = (18 - (columns + 1)) / columns, (12.9 - (columns + 1)) / columns
@@ -204,6 +210,8 @@ ICONS = {
     "histogram.png": bars([h * 1.25 for h in HISTOGRAM], 3, 20.6, 2.1, 0.6, RED) + [
         (chain([(2, 2), (2, 21.6), (22.5, 21.6)], 1.7), SLATE)],
     "effects.png": sun(),
+    "export.png": [(chain([(8, 9), (3.5, 9), (3.5, 21.5), (20.5, 21.5), (20.5, 9), (16, 9)], 2.1), SLATE),
+                   (line(12, 6, 12, 16, 2.4), BLUE), (arrow_head(12, 1.2, 270, 6.4), BLUE)],
     "expand.png": outward_arrows(SLATE),
     "3dcvsearch.xpm": cube(10.4, 10.6, 9.8) + [(line(17.6, 17.6, 22, 22, 3.4), INK), (circle(15, 15, 5.9), INK),
                                            (circle(15, 15, 4.2), (225, 241, 252)), (ring(15, 15, 2.7, 0.9, 180, 90), WHITE)],
@@ -213,6 +221,9 @@ ICONS = {
     "tiffStackIcon.xpm": sheets(landscape(4, 12, 13.4, 20.6)),
     "play_green.xpm": [(polygon((5, 2.5), (21, 12), (5, 21.5)), (28, 112, 46)), (polygon((6.6, 5.4), (17.8, 12), (6.6, 18.6)), GREEN)],
     "stop_blue.xpm": [(rect(4, 4, 20, 20, 1.5), DEEP_BLUE), (rect(5.6, 5.6, 18.4, 18.4, 0.6), BLUE)],
+    "zoom_in.png": magnifier([(line(6, 10, 14, 10, 2.0), BLUE), (line(10, 6, 10, 14, 2.0), BLUE)]),
+    "zoom_out.png": magnifier([(line(6, 10, 14, 10, 2.0), BLUE)]),
+    "zoom_reset.png": magnifier(reset_arrow(10, 10, 3.4, BLUE, 1.5)),
     "switchToMultiView.xpm": window_grid(2),
     "switchToSingleView.xpm": window_grid(1),
 }

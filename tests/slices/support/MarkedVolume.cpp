@@ -36,43 +36,54 @@ void setEntry(unsigned char (&table)[1024], int voxel, int r, int g, int b, int 
     }
 }
 
+void loadVoxels(CGLVolume& node, const std::function<unsigned char(int, int, int)>& voxel)
+{
+    constexpr int n = MarkedVolume::kVoxels;
+    std::vector<unsigned char> voxels;
+    for (int z = 0; z < n; ++z)
+        for (int y = 0; y < n; ++y)
+            for (int x = 0; x < n; ++x)
+                voxels.push_back(voxel(x, y, z));
+    // In the order of the counts' extents: width, depth, height.
+    float extent[3] = {20.0F, 40.0F, 30.0F};
+    node.loadVolume(voxels.data(), n, n, n, 255, 0, extent);
+    node.resetVolumeStates();
+    Vec3f offsets[8];
+    node.setCropBoxOffset(offsets);
+}
+
 }  // namespace
 
-MarkedVolume::MarkedVolume()
-    : graph(std::make_unique<C3DSGManager>())
-    , scene(std::make_unique<C3DScene>(graph.get()))
-    , node(new CGLVolume("GLVolume"))
+CGLVolume* addMarkedNode(C3DSGManager& graph)
 {
     loadEntryPoints();
-    graph->addChild(graph->getRootNode(), node);
-    load(marker);
+    auto* node = new CGLVolume("GLVolume");
+    graph.addChild(graph.getRootNode(), node);
+    loadVoxels(*node, marker);
     unsigned char table[1024] = {};
-    setEntry(table, kGrey, 128, 128, 128, 255);
-    setEntry(table, kRed, 255, 0, 0, 255);
-    setEntry(table, kGreen, 0, 255, 0, 255);
-    setEntry(table, kBlue, 0, 0, 255, 255);
-    setEntry(table, kWhite, 255, 255, 255, 255);
+    setEntry(table, MarkedVolume::kGrey, 128, 128, 128, 255);
+    setEntry(table, MarkedVolume::kRed, 255, 0, 0, 255);
+    setEntry(table, MarkedVolume::kGreen, 0, 255, 0, 255);
+    setEntry(table, MarkedVolume::kBlue, 0, 0, 255, 255);
+    setEntry(table, MarkedVolume::kWhite, 255, 255, 255, 255);
     node->setVolumeColorTable(table);
     node->setSliceUseTransferFunction(true);
     node->setRenderInBestPerformance(true);
     node->show(true);
+    return node;
 }
+
+MarkedVolume::MarkedVolume()
+    : graph(std::make_unique<C3DSGManager>())
+    , scene(std::make_unique<C3DScene>(graph.get()))
+    , node(addMarkedNode(*graph))
+{}
 
 MarkedVolume::~MarkedVolume() = default;
 
 void MarkedVolume::load(const std::function<unsigned char(int, int, int)>& voxel)
 {
-    std::vector<unsigned char> voxels;
-    for (int z = 0; z < kVoxels; ++z)
-        for (int y = 0; y < kVoxels; ++y)
-            for (int x = 0; x < kVoxels; ++x)
-                voxels.push_back(voxel(x, y, z));
-    // In the order of the counts' extents: width, depth, height.
-    float extent[3] = {20.0F, 40.0F, 30.0F};
-    node->loadVolume(voxels.data(), kVoxels, kVoxels, kVoxels, 255, 0, extent);
-    node->resetVolumeStates();
-    Vec3f offsets[8];
-    node->setCropBoxOffset(offsets);
+    loadVoxels(*node, voxel);
 }
 
 void MarkedVolume::removeNode()

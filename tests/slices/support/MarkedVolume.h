@@ -10,9 +10,12 @@
 #include <functional>
 #include <memory>
 
-/// A scene with the node "GLVolume" of 20 x 20 x 20 voxels in a box of 20 x 30 x 40 mm around the origin,
-/// with the transfer function as the colour source of its slices: red at the high end of x, green at the high
-/// end of y, blue at the high end of z, grey in between.
+/// Puts the node "GLVolume" under the graph's root: 20 x 20 x 20 voxels in a box of 20 x 30 x 40 mm around
+/// the origin, with the transfer function as the colour source of its slices: red at the high end of x, green
+/// at the high end of y, blue at the high end of z, grey in between.
+CGLVolume* addMarkedNode(C3DSGManager& graph);
+
+/// A scene with that node.
 struct MarkedVolume
 {
     static constexpr int kVoxels = 20;
