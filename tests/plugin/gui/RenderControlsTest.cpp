@@ -391,6 +391,39 @@ TEST_F(RenderControls, ALoadMeasures)
     EXPECT_EQ(host.logged(16).size(), 1);
 }
 
+// The 3D view of an optical sequence is made by the load itself.
+TEST_F(RenderControls, TheFirstFrameOfAViewIsDrawnForTheMeasurement)
+{
+    for (const SequenceKind kind : {SequenceKind::Scene3D, SequenceKind::Sla}) {
+        CHVSSequenceDataset* fresh = openCurrent(kind == SequenceKind::Sla ? "S7" : "S8", kind);
+        int reads = 0;
+        meter->onCall = [&](const QString& call) {
+            if (call != "read") return;
+            ++reads;
+            ASSERT_NE(nodeOf(fresh), nullptr);
+            CGLVolumeProbe probe{*nodeOf(fresh)};
+            EXPECT_FALSE(probe.volumeListDirty()) << "read " << reads;
+            EXPECT_FALSE(probe.volumeTextureDirty()) << "read " << reads;
+            EXPECT_EQ(probe.sliceDensity(), reads == 1 ? 10 : 100);
+        };
+        EXPECT_TRUE(palette->onLoadVolumeData({writeRaw("b.raw")}, -1, -1));
+        EXPECT_EQ(reads, 2);
+        meter->onCall = nullptr;
+    }
+}
+
+TEST_F(RenderControls, TheMeasurementOfNothingFails)
+{
+    double seconds = 5.0;
+    EXPECT_FALSE(palette->evaluateRenderPerformance(nullptr, node, 10, 0.1, &seconds));
+    EXPECT_FALSE(palette->evaluateRenderPerformance(windowOf(sequence), nullptr, 10, 0.1, &seconds));
+    EXPECT_FALSE(palette->evaluateRenderPerformance(windowOf(sequence), node, 10, 0.1, nullptr));
+    palette->setRenderMeter(nullptr);
+    quality()->click();
+    quality()->click();
+    EXPECT_EQ(meter->calls.count("read"), 2) << "the stopwatch stays";
+}
+
 TEST_F(RenderControls, ASlowCardsLoadAsksAndEndsInPerformanceMode)
 {
     meter->seconds = 1.0;

@@ -5,6 +5,7 @@
 #include "hvapi/scene/C3DVolume.h"
 #include "hvapi/sequence/CHVSSequenceDataset.h"
 #include "hvapi/windows/CHVSSequenceWindow.h"
+#include "hvutils/CHVUtilityFns.h"
 #include "plugin/PaletteTarget.h"
 #include "plugin/PluginLog.h"
 #include "plugin/RenderMeter.h"
@@ -13,7 +14,7 @@
 #include "render/CGLVolume.h"
 #include "render/CRenderEffectsDlg.h"
 
-#include <QGuiApplication>
+#include <QCursor>
 #include <QMessageBox>
 #include <QScreen>
 
@@ -184,13 +185,18 @@ void CHVVolumeVizPalette::showAsPerformanceMode()
 
 bool CHVVolumeVizPalette::wantsQualityAnyway()
 {
-    return QMessageBox::warning(this, renderModeQuestionTitle(), renderModeQuestionText(),
-                                QMessageBox::Yes | QMessageBox::No, QMessageBox::No) == QMessageBox::Yes;
+    CHVUtilityFns::setCursor(
+        QCursor(Qt::ArrowCursor));  // a load waits behind the question, the user does not
+    const int answer = QMessageBox::warning(this, renderModeQuestionTitle(), renderModeQuestionText(),
+                                            QMessageBox::Yes | QMessageBox::No, QMessageBox::No);
+    CHVUtilityFns::restoreCursor();
+    return answer == QMessageBox::Yes;
 }
 
 bool CHVVolumeVizPalette::evaluateRenderPerformance(CHVSSequenceWindow* window, CGLVolume* node, int density,
                                                     double limit, double* frameTime)
 {
+    if (!window || !node || !frameTime) return false;
     *frameTime = 0.0;
     C3DScene* scene = window->get3DScene();
     m_pRenderMeter->finish(scene);
@@ -228,11 +234,9 @@ void CHVVolumeVizPalette::onClickRenderEffectsDlgButton()
         connect(m_pRenderEffectsDlg, SIGNAL(filterDenoiseGradientChanged(bool)), this,
                 SLOT(onFilterDenoiseGradientChanged(bool)));
     }
-    if (const QScreen* screen = QGuiApplication::primaryScreen()) {
-        QRect place(QPoint(0, 0), m_pRenderEffectsDlg->size());
-        place.moveCenter(screen->availableGeometry().center());
-        m_pRenderEffectsDlg->move(place.topLeft());
-    }
+    QRect place(QPoint(0, 0), m_pRenderEffectsDlg->size());
+    place.moveCenter(screen()->availableGeometry().center());
+    m_pRenderEffectsDlg->move(place.topLeft());
     m_pRenderEffectsDlg->show();
     m_pRenderEffectsDlg->updateControls();
 }
