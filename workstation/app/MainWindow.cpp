@@ -5,6 +5,7 @@
 #include "LongProcessDialog.h"
 #include "PaletteDock.h"
 #include "PathList.h"
+#include "UnsavedChanges.h"
 #include "Workspace.h"
 
 #include "hvapi/plugin/CHVToolPalettePluginBase.h"
@@ -141,6 +142,8 @@ void MainWindow::connectRequests()
     connect(&m_plugins, &PluginLoader::paletteValidityChanged, m_pPaletteDock, &PaletteDock::setValidity);
     connect(&m_plugins, &PluginLoader::loadingFailed, this,
             [] { logText(QStringLiteral("The volume could not be loaded."), CHVSLog::eStatusLine); });
+    m_pWorkspace->setSettler(
+        [this](const QList<CHVSSequenceDataset*>& sequences) { return settleChanges(sequences); });
     connect(m_pWorkspace, &Workspace::sequenceChanged, this, &MainWindow::updateActions);
     connect(m_pWorkspace, &Workspace::tabChanged, this, &MainWindow::updateActions);
     connect(&WindowRegistry::instance(), &WindowRegistry::readoutChanged, this,
@@ -232,8 +235,9 @@ MainWindow::OpenResult MainWindow::openSequence(const QString& path)
     if (SequenceRegistry::instance().sequences().size() == before) return OpenResult::Loaded;
     const QStringList volume = SequenceStore::volumeFiles(*sequence);
     CHVToolPalettePluginBase* reader = volumeReader();
-    if (!volume.isEmpty() && reader && m_pWorkspace->activeSequence() == sequence)
-        loadVolume(*reader, volume);
+    if (!volume.isEmpty() && reader && m_pWorkspace->activeSequence() == sequence &&
+        loadVolume(*reader, volume) && sequence)
+        SequenceStore::acceptVolume(*sequence);
     return OpenResult::Loaded;
 }
 
@@ -274,15 +278,20 @@ bool MainWindow::loadVolume(CHVToolPalettePluginBase& reader, const QStringList&
 
 bool MainWindow::saveSequence()
 {
-    CHVSChildWindow* window = WindowRegistry::instance().active();
-    const QPointer<CHVSSequenceDataset> sequence = window ? window->getWindowSequence() : nullptr;
-    if (!sequence) return false;
+    CHVSSequenceDataset* sequence = m_pWorkspace->activeSequence();
+    return sequence && save(*sequence);
+}
+
+bool MainWindow::save(CHVSSequenceDataset& wanted)
+{
+    const QPointer<CHVSSequenceDataset> sequence = &wanted;
     // whoever has results of it settles them, and may save the sequence for that
     emit sequence->saveExistingAnalysisResult();
     if (!sequence) return false;
     tag_estatus status = eStatusSuccess;
     if (sequence->getSequenceInfoPath().isEmpty()) {
-        status = window->saveSequence();
+        CHVSSequenceWindow* window = CHVSSequenceWindow::getSequenceWindow(sequence);
+        status = window ? window->saveSequence() : eStatusFailed;
     } else {
         status = SequenceStore::save(*sequence);
         if (status != eStatusSuccess)
@@ -299,6 +308,29 @@ bool MainWindow::saveSequence()
     logText(QStringLiteral("Sequence '%1' saved in '%2'.")
                 .arg(sequence->getSequenceID(), QDir::toNativeSeparators(folder)),
             CHVSLog::eStatusLine);
+    return true;
+}
+
+/// All are settled before the first one is closed, so that a change of mind leaves everything as it was.
+bool MainWindow::settleChanges(const QList<CHVSSequenceDataset*>& sequences)
+{
+    if (m_services.mode() == ApplicationServices::Mode::Unattended) return true;  // there is nobody to ask
+    for (CHVSSequenceDataset* candidate : sequences) {
+        const QPointer<CHVSSequenceDataset> sequence =
+            SequenceRegistry::instance().contains(candidate) ? candidate : nullptr;
+        if (!sequence || !SequenceStore::hasUnsavedChanges(*sequence)) continue;
+        m_pWorkspace->bringToFront(sequence);
+        if (!sequence) continue;
+        switch (askToSave(m_services, this, *sequence)) {
+        case UnsavedAnswer::Save:
+            if (!sequence || !save(*sequence)) return false;
+            break;
+        case UnsavedAnswer::Discard:
+            break;
+        case UnsavedAnswer::Cancel:
+            return false;
+        }
+    }
     return true;
 }
 

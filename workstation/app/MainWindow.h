@@ -79,6 +79,8 @@ protected:
 private:
     void connectServices();
     void connectRequests();
+    bool save(CHVSSequenceDataset& sequence);
+    bool settleChanges(const QList<CHVSSequenceDataset*>& sequences);
     void takeIn(const LoadedPlugin& plugin);
     void forwardEvents(CHVToolPalettePluginBase* plugin);
 

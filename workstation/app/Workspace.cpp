@@ -138,7 +138,18 @@ void Workspace::onActiveChanged(CHVSChildWindow*)
 
 bool Workspace::closeSequence(CHVSSequenceDataset* sequence)
 {
-    return mayClose() && close(sequence);
+    return mayClose() && settle({sequence}) && close(sequence);
+}
+
+bool Workspace::settle(const QList<CHVSSequenceDataset*>& sequences)
+{
+    if (!m_settler) return true;
+    // a question is open already, and events go on below it
+    if (m_isSettling) return false;
+    m_isSettling = true;
+    const bool isSettled = m_settler(sequences);
+    m_isSettling = false;
+    return isSettled;
 }
 
 bool Workspace::close(CHVSSequenceDataset* sequence)
@@ -173,10 +184,12 @@ void Workspace::activateNext()
 
 bool Workspace::closeAll()
 {
-    if (!mayClose()) return false;
+    if (!mayClose() || !settle(SequenceRegistry::instance().sequences())) return false;
     QList<CHVSSequenceDataset*> sequences = SequenceRegistry::instance().sequences();
-    while (!sequences.isEmpty())
-        closeSequence(sequences.takeLast());
+    while (!sequences.isEmpty()) {
+        if (!mayClose()) return false;
+        close(sequences.takeLast());
+    }
     return SequenceRegistry::instance().sequences().isEmpty();
 }
 

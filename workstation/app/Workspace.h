@@ -4,6 +4,8 @@
 #include <QMdiArea>
 #include <QString>
 
+#include <functional>
+
 class CHVSChildWindow;
 class CHVSMdiSubWindow;
 class CHVSSequenceDataset;
@@ -37,10 +39,16 @@ public:
     /// that is in the workspace already stays as it is.
     CHVSMdiSubWindow* addTool(QWidget* tool);
 
-    /// False when the sequence is not open (or closing already), or nothing may be closed now.
+    /// Settles what is unsaved in sequences that are to be closed; false when they have to stay open.
+    using Settler = std::function<bool(const QList<CHVSSequenceDataset*>& sequences)>;
+    void setSettler(Settler settler) { m_settler = std::move(settler); }
+
+    /// False when the sequence is not open (or closing already), nothing may be closed now, or it has to stay
+    /// open.
     bool closeSequence(CHVSSequenceDataset* sequence);
 
-    /// Closes every sequence, the last one first. False when nothing may be closed now.
+    /// Closes every sequence, the last one first. False when nothing may be closed now, or one of them has to
+    /// stay open; then all of them stay.
     bool closeAll();
 
     /// The same for the end of the program, when nobody is asked any more.
@@ -66,6 +74,7 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
+    bool settle(const QList<CHVSSequenceDataset*>& sequences);
     bool close(CHVSSequenceDataset* sequence);
     void wrap(CHVSSequenceWindow* window);
     void welcome(CHVSSequenceDataset* sequence);
@@ -73,5 +82,7 @@ private:
     void activateNext();
 
     QHash<CHVSSequenceDataset*, CHVSMdiSubWindow*> m_frames;
+    Settler m_settler;
+    bool m_isSettling = false;
     int m_closing = 0;  ///< while above 0, changes of the active window are told at the end
 };

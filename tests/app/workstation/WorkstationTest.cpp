@@ -165,6 +165,8 @@ TEST_F(WorkstationTest, TemporaryVoxelsGoWithTheirSequence)
     CHVSSequenceDataset* sequence = m_window->workspace().activeSequence();
     const QString voxels = m_services->programDataPath() + "/3DCVTempData/" + sequence->getSequenceID();
     EXPECT_EQ(QFile(voxels + "/VolumeData.dat").size(), qint64(side) * side * side);
+    viz_test::ModalWatcher watcher;
+    watcher.expectButton("Discard");
     ASSERT_TRUE(m_window->workspace().closeSequence(sequence));
     EXPECT_FALSE(QDir(voxels).exists());
 }
@@ -188,6 +190,8 @@ TEST_F(WorkstationTest, ExitIsRefusedWhileBusyAndLeavesNothingBehindAfterwards)
     EXPECT_FALSE(m_window->close());
     EXPECT_TRUE(volume());
     CHVUtilityFns::setCanClose(true);
+    viz_test::ModalWatcher watcher;
+    watcher.expectButton("Discard");
     EXPECT_TRUE(m_window->close());
     EXPECT_TRUE(m_window->plugins().plugins().empty());
     EXPECT_TRUE(SequenceRegistry::instance().sequences().isEmpty());

@@ -239,4 +239,23 @@ QStringList volumeFiles(CHVSSequenceDataset& sequence)
     return files;
 }
 
+void acceptVolume(CHVSSequenceDataset& sequence)
+{
+    CHVSSequenceDataset::Private::of(sequence).volumeChanged = false;
+}
+
+bool hasUnsavedChanges(CHVSSequenceDataset& sequence)
+{
+    auto const& data = CHVSSequenceDataset::Private::of(sequence);
+    // a load that failed has cleared the list: what the file says is better than that
+    bool const hasVolume = !data.loadedVolumetricData.isEmpty();
+    if (data.description.infoPath.isEmpty()) return hasVolume || !data.datasets.empty();
+    if (!data.volumeChanged || !hasVolume) return false;
+    QStringList loaded = data.loadedVolumetricData;
+    QStringList stored = volumeFiles(sequence);
+    loaded.sort();
+    stored.sort();
+    return loaded != stored;
+}
+
 }  // namespace SequenceStore

@@ -35,4 +35,13 @@ HVAPI_EXPORT tag_estatus saveIn(CHVSSequenceDataset& sequence, QString const& pa
 /// all are there, else those of "CT Data" in the order of hvdicom::filesOfVolume(). Empty when there is none.
 HVAPI_EXPORT QStringList volumeFiles(CHVSSequenceDataset& sequence);
 
+/// Tells that the volume which was loaded last is the one that belongs to the sequence anyway, as
+/// volumeFiles() names it: nothing is to be saved for it.
+HVAPI_EXPORT void acceptVolume(CHVSSequenceDataset& sequence);
+
+/// Whether closing the sequence would lose something that save() or saveIn() would keep: the name of another
+/// volume than it was opened with, or, where it has no folder, its volume or its clicks. Results of tools are
+/// the tools' own affair.
+HVAPI_EXPORT bool hasUnsavedChanges(CHVSSequenceDataset& sequence);
+
 }  // namespace SequenceStore
