@@ -146,7 +146,7 @@ void MainWindow::connectRequests()
         [this](const QList<CHVSSequenceDataset*>& sequences) { return settleChanges(sequences); });
     connect(m_pWorkspace, &Workspace::sequenceChanged, this, &MainWindow::updateActions);
     connect(m_pWorkspace, &Workspace::tabChanged, this, &MainWindow::updateActions);
-    connect(&WindowRegistry::instance(), &WindowRegistry::readoutChanged, this,
+    connect(&WindowRegistry::instance(), &WindowRegistry::readoutTold, this,
             [this](CHVSSequenceWindow*, const QString& text) { m_pReadoutLabel->setText(text); });
     // a view that goes says nothing any more
     connect(m_pWorkspace, &Workspace::sequenceAboutToBeRemoved, m_pReadoutLabel, &QLabel::clear);

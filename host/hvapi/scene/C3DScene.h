@@ -72,7 +72,7 @@ signals:
     void distanceMeasured(double distance);
     /// A line that tells of the voxel under the mouse: where it is seen, its value, and what that stands for.
     /// Empty when there is none.
-    void voxelUnderMouseChanged(QString text);
+    void voxelUnderMouse(QString text);
 
 protected:
     void renderDecorations() override;

@@ -16,7 +16,7 @@ C3DScene::C3DScene(C3DSGManager* manager, QWidget* parent, Qt::WindowFlags flags
 {
     hostSide().followMouse = true;
     setMouseTracking(true);
-    connect(&s->readout, &hvscene::CursorReadout::textChanged, this, &C3DScene::voxelUnderMouseChanged);
+    connect(&s->readout, &hvscene::CursorReadout::told, this, &C3DScene::voxelUnderMouse);
     for (int axis = 0; axis < 3; ++axis) {
         auto& slice = s->slices[static_cast<std::size_t>(axis)];
         slice.reset(new C3DSlice(axis));

@@ -48,9 +48,10 @@ void CursorReadout::moveTo(QPoint mouse)
 
 void CursorReadout::leave()
 {
+    if (!m_mouse) return;
     m_mouse.reset();
     m_pause.stop();
-    tell(QString());
+    emit told(QString());
 }
 
 void CursorReadout::sceneChanged()
@@ -63,14 +64,8 @@ void CursorReadout::look()
     if (!m_mouse) return;
     const Pixel mouse{static_cast<double>(m_mouse->x()), static_cast<double>(m_mouse->y())};
     const PickedPoint picked = pickPoint(m_scene, m_scene.hostSide().projection(), mouse);
-    tell(picked.volume ? readoutText(picked.place, picked.value, unitOf(*picked.volume)) : QString());
-}
-
-void CursorReadout::tell(const QString& text)
-{
-    if (text == m_text) return;
-    m_text = text;
-    emit textChanged(text);
+    // Also when it is the text of before: who shows it may have shown something else meanwhile.
+    emit told(picked.volume ? readoutText(picked.place, picked.value, unitOf(*picked.volume)) : QString());
 }
 
 }  // namespace hvscene

@@ -40,16 +40,14 @@ public:
 
 signals:
     /// Empty: there is no voxel.
-    void textChanged(const QString& text);
+    void told(const QString& text);
 
 private:
     void look();
-    void tell(const QString& text);
 
     C3DScene& m_scene;
     QTimer m_pause;
     std::optional<QPoint> m_mouse;
-    QString m_text;
 };
 
 }  // namespace hvscene

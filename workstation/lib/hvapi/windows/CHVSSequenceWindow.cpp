@@ -169,8 +169,8 @@ void CHVSSequenceWindow::prepare3DView()
         connect(d->scenePage, &ScenePage::scaleBarToggled, this, [this](bool on) {
             keep(showScaleBarKey, getWindowControls()->m_3DControls.m_bShowScaleBar, on);
         });
-        connect(d->scenePage->scene(), &C3DScene::voxelUnderMouseChanged, this,
-                [this](QString const& text) { emit WindowRegistry::instance().readoutChanged(this, text); });
+        connect(d->scenePage->scene(), &C3DScene::voxelUnderMouse, this,
+                [this](QString const& text) { emit WindowRegistry::instance().readoutTold(this, text); });
         connect(d->scenePage, &ScenePage::sliceToggled, this,
                 [this](int axis, bool on) { getWindowControls()->m_3DControls.m_bShowSlice[axis] = on; });
         connect(d->scenePage, &ScenePage::measuringToggled, this, [this](bool on) {

@@ -40,7 +40,7 @@ signals:
     /// Somebody called onSignal3DViewChanged of the window: the application tells the plug-ins.
     void view3DChanged(CHVSSequenceWindow* window, bool bClearAnalysisResults);
     /// What lies under the mouse in the 3D view of a sequence window, in a line of text; empty: nothing.
-    void readoutChanged(CHVSSequenceWindow* window, QString text);
+    void readoutTold(CHVSSequenceWindow* window, QString text);
 
 private:
     WindowRegistry();
