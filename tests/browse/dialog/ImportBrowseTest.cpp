@@ -273,6 +273,32 @@ TEST_F(ImportBrowse, ADialogThatGoesRightAfterTheStartLeavesNothingBehind)
     EXPECT_TRUE(canClose());
 }
 
+TEST_F(ImportBrowse, ColumnsAreAsWideAsTheirWidestCell)
+{
+    series("a", 2);
+    send(new CVolBrowseStartEvent("Searching..."));
+    for (const char* name :
+         {"a name of middling length", "short", "a name that is by far the longest of the three"}) {
+        auto info = infoOf("a");
+        info->m_name = name;
+        sendFound(std::move(info));
+        std::vector<int> widths;
+        for (int column = 0; column < 9; ++column)
+            widths.push_back(dialog->m_pCompatibleDataList->columnWidth(column));
+        for (int column = 0; column < 9; ++column) {
+            dialog->m_pCompatibleDataList->resizeColumnToContents(column);
+            EXPECT_EQ(widths[static_cast<std::size_t>(column)],
+                      dialog->m_pCompatibleDataList->columnWidth(column))
+                << name << column;
+        }
+    }
+    send(new CVolBrowseEndEvent(""));
+    show("a");
+    const int fresh = dialog->m_pCompatibleDataList->columnWidth(0);
+    dialog->m_pCompatibleDataList->resizeColumnToContents(0);
+    EXPECT_EQ(dialog->m_pCompatibleDataList->columnWidth(0), fresh) << "of the new list alone";
+}
+
 TEST_F(ImportBrowse, SlicesSortByNumberAfterAClickOnTheHeader)
 {
     series("a", 1);

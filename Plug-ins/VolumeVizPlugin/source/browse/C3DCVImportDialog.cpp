@@ -43,6 +43,9 @@ C3DCVImportDialog::C3DCVImportDialog(QWidget* parent, const char* name, bool mod
     m_pPreview = new CHVSSimpleImageView(m_pPicturePage, "m_pPreview", m_pImage.get());
     m_pPreview->setAccessibleName(tr("Frame"));
     m_pPicturePageLayout->addWidget(m_pPreview);
+    // The nine columns of the list want more room than a frame; the user may share it out otherwise.
+    m_pSplitter->setSizes({540, 400});
+    m_pListSplitter->setSizes({320, 160});
     C3DCVImportDialog::init();
 }
 

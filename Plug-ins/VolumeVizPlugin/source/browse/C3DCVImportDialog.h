@@ -5,6 +5,7 @@
 #include <QBasicTimer>
 #include <QDialog>
 #include <QStringList>
+#include <QVector>
 
 #include <memory>
 
@@ -113,6 +114,7 @@ private:
     void onBrowseProgress(QString folder);
     void onDataSetFound(std::unique_ptr<CVolBrowserInfo> info);
     void onBrowseEnded();
+    void fitColumns(int row);
 
     // selection
     void takeSelection(const CVolBrowserInfo& info);
@@ -156,5 +158,6 @@ private:
     bool m_bCtDataFolder = false;
     bool m_bBrowsing = false;  ///< between the first and the last event of a browse
     int m_nProgress = 0;
+    QVector<int> m_columnWidths;  ///< of the list, in pixels: the widest cell so far
     std::unique_ptr<CVolBrowseManager> m_pBrowseManager;
 };

@@ -18,9 +18,12 @@
 #include <QCoreApplication>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QHeaderView>
 #include <QIcon>
 #include <QPointer>
 #include <QSignalBlocker>
+
+#include <algorithm>
 
 namespace {
 
@@ -145,6 +148,8 @@ void C3DCVImportDialog::onBrowseProgress(QString folder)
 
 void C3DCVImportDialog::onDataSetFound(std::unique_ptr<CVolBrowserInfo> info)
 {
+    if (m_pModel->rowCount() == 0)
+        m_pModel->setHorizontalHeaderLabels(CVolBrowseListItemModel::columnHeaders());
     if (!info) return;
     const QString place = info->m_parentFolder + QLatin1Char('/') + info->m_name;
     if (m_bAddToList && m_strBrowsedFolders.contains(place)) return;
@@ -155,8 +160,23 @@ void C3DCVImportDialog::onDataSetFound(std::unique_ptr<CVolBrowserInfo> info)
         m_pCompatibleDataList->setCurrentIndex(name);
         onChangeCurrentFolderSelection(name);
     }
-    for (int column = 0; column < m_pModel->columnCount(); ++column)
-        m_pCompatibleDataList->resizeColumnToContents(column);
+    fitColumns(name.row());
+}
+
+// The columns have the width of what was in them before: only the new row is measured, since there may be
+// thousands.
+void C3DCVImportDialog::fitColumns(int row)
+{
+    QHeaderView* const header = m_pCompatibleDataList->header();
+    if (m_pModel->rowCount() == 1) m_columnWidths.clear();
+    m_columnWidths.resize(m_pModel->columnCount());
+    for (int column = 0; column < m_columnWidths.size(); ++column) {
+        const int wanted =
+            std::max(m_pCompatibleDataList->sizeHintForIndex(m_pModel->index(row, column)).width(),
+                     header->sectionSizeHint(column));
+        m_columnWidths[column] = std::max(m_columnWidths[column], wanted);
+        header->resizeSection(column, m_columnWidths[column]);
+    }
 }
 
 void C3DCVImportDialog::onBrowseEnded()

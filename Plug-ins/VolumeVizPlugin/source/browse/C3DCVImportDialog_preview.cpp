@@ -14,11 +14,19 @@
 #include <QFileInfo>
 #include <QSignalBlocker>
 
+#include <algorithm>
+#include <limits>
+
 namespace {
 
 constexpr int unreadable = 65;   // status of the host for a file that can't be read
 constexpr int unsupported = 11;  // for one that is of no kind that can be shown
 constexpr int colourPicture = 30;
+
+int frameNumber(unsigned long frames)
+{
+    return static_cast<int>(std::min<unsigned long>(frames, std::numeric_limits<int>::max()));
+}
 
 }  // namespace
 
@@ -100,7 +108,7 @@ int C3DCVImportDialog::initWithDICOM()
         if (!m_pReader->getPhotometricInterpretation().contains(QLatin1String("Monochrome"),
                                                                 Qt::CaseInsensitive))
             return unsupported;
-        m_nFrames = m_strFiles.size() > 1 ? m_strFiles.size() : static_cast<int>(m_pReader->getTotalFrames());
+        m_nFrames = m_strFiles.size() > 1 ? m_strFiles.size() : frameNumber(m_pReader->getTotalFrames());
         double rows = 0.0;
         double columns = 0.0;
         if (m_pReader->getPixelSpacing(rows, columns))
@@ -110,8 +118,7 @@ int C3DCVImportDialog::initWithDICOM()
         m_pDcmImage = std::make_unique<CHVDcmImage>();
         if (!CHVDcmImage::isDICOM(fileName(0).constData()) || !m_pDcmImage->LoadFromDICOMFile(path))
             return unsupported;
-        m_nFrames =
-            m_strFiles.size() > 1 ? m_strFiles.size() : static_cast<int>(m_pDcmImage->getFrameCount());
+        m_nFrames = m_strFiles.size() > 1 ? m_strFiles.size() : frameNumber(m_pDcmImage->getFrameCount());
         distance = pixelDistance(m_pDcmImage->getTagValue(QStringLiteral("0028"), QStringLiteral("0030")));
         if (!takeDicomFrame(1)) return unsupported;
     }
