@@ -3,6 +3,7 @@
 #include "browse/CVolBrowserInfo.h"
 #include "browse/CVolBrowserTree.h"
 
+#include <QHeaderView>
 #include <QIcon>
 #include <QPixmap>
 #include <QSignalSpy>
@@ -202,4 +203,20 @@ TEST_F(DataSetModel, aTreeWithoutAModelTellsNoIndex)
     QTest::keyClick(&tree, Qt::Key_Down);
     ASSERT_EQ(spy.count(), 1);
     EXPECT_FALSE(spy.last().first().toModelIndex().isValid());
+}
+
+TEST_F(DataSetModel, columnsAreFittedToTheRowsInSight)
+{
+    CVolBrowserTree tree;
+    EXPECT_EQ(tree.header()->resizeContentsPrecision(), 0);
+    EXPECT_TRUE(tree.uniformRowHeights());
+    model.appendDataSet(scan("a name that is longer than its header", "1"), QIcon());
+    tree.setModel(&model);
+    tree.resize(600, 300);
+    tree.show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&tree));
+    tree.setColumnWidth(0, 10);
+    tree.resizeColumnToContents(0);
+    EXPECT_GT(tree.columnWidth(0),
+              tree.fontMetrics().horizontalAdvance("a name that is longer than its header"));
 }
