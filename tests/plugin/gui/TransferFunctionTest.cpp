@@ -102,6 +102,20 @@ TEST_F(TransferFunction, IsEnabledWithTheVolumesDisplay)
     EXPECT_TRUE(editor()->isEnabled());
 }
 
+TEST_F(TransferFunction, ALoadEndsWithItsTableOnTheNode)
+{
+    EXPECT_EQ(nodeTable(), widgetTable());
+    EXPECT_EQ(record("S1").transferPoints, editor()->points());
+    EXPECT_EQ(record("S1").transferColors, editor()->colors());
+    EXPECT_EQ(record("S1").transferLocks, editor()->locks());
+    ASSERT_GE(editor()->points().size(), 2);
+    EXPECT_EQ(editor()->locks().first(), LockToLeft);
+    EXPECT_EQ(editor()->locks().last(), LockToRight);
+    EXPECT_NEAR(static_cast<unsigned char>(nodeTable().at(255 * 4 + 3)), 255, 1)
+        << "bright voxels are opaque";
+    EXPECT_EQ(static_cast<unsigned char>(nodeTable().at(3)), 0) << "the darkest are clear";
+}
+
 TEST_F(TransferFunction, ADragReachesTheNodeOnlyWhenItEnds)
 {
     giveChain();

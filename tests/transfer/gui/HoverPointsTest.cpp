@@ -441,7 +441,8 @@ TEST_F(HoverPointsEvents, AColorForAChainThatWentIsDropped)
 TEST_F(HoverPointsEvents, AColorOutlivesANewSizeOfTheWidget)
 {
     modal.expect([this](QWidget* window) {
-        editor->scale(0.5, 1.0);
+        host->resize(100, 100);
+        EXPECT_EQ(editor->followSize(), QPointF(0.5, 1.0));
         qobject_cast<QColorDialog*>(window)->setCurrentColor(Qt::magenta);
         qobject_cast<QDialog*>(window)->accept();
     });

@@ -319,6 +319,18 @@ TEST_F(TransferWidget, AHiddenWidgetTakesThemAlongWhenItIsShown)
     EXPECT_EQ(widget.histogramPoints(), QVector<QPointF>({{20, 135}, {200, 30}}));
 }
 
+TEST_F(TransferWidget, ARefreshBetweenKeepsWhatTheyArePixelsOf)
+{
+    build(200, 100, false);
+    give(polygon({{0, 100}, {50, 60}, {200, 0}}), {red, green, blue});
+    widget.resize(400, 150);
+    widget.pointsUpdated();
+    widget.followSize();
+    EXPECT_EQ(widget.hoverPoints()->points(), polygon({{0, 150}, {100, 90}, {400, 0}}));
+    widget.followSize();
+    EXPECT_EQ(widget.hoverPoints()->points(), polygon({{0, 150}, {100, 90}, {400, 0}})) << "once";
+}
+
 TEST_F(TransferWidget, PointsSurviveAWidgetThatIsSqueezedToNothing)
 {
     QWidget window;

@@ -157,8 +157,8 @@ public slots:
     /// Vertical zoom of the histogram behind the transfer function, above 0 to 1.
     void onHistogramYAxisMaxValueChanged(double value);
     /// Takes over a transfer function that was edited elsewhere, in the pixels of the palette's own widget.
-    void onSignalUpdateTransferFunction(QPolygonF points, QVector<QRgb> colors,
-                                        QVector<HoverPoints::LockType> locks);
+    void onSignalUpdateTransferFunction(const QPolygonF& points, const QVector<QRgb>& colors,
+                                        const QVector<HoverPoints::LockType>& locks);
     /// Another colour table, or the same one the other way round: the points stay, their colours change.
     virtual void onSelChangeVolumeColorTableCombo(int index);
     virtual void onClickVolumeColorTableReverseCheckBox();

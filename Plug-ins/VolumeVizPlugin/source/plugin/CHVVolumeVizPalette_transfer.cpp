@@ -72,9 +72,12 @@ void CHVVolumeVizPalette::onTransferFunctionChanged()
     if (!m_pTransferFunctionWidget || !now.record || !now.window || !now.window->getWindow3DSGManager() ||
         !now.node)
         return;
+    const QString id = m_strSequenceID;
     const std::unique_ptr<unsigned char[]> table(m_pTransferFunctionWidget->makeColorTable());
     now.node->setVolumeColorTable(table.get());
     if (now.scene) now.scene->refresh();
+    // A frame may tell the user of a driver's failure, and the sequence may go meanwhile.
+    if (m_strSequenceID != id || !recordOf(id)) return;
     if (byUser && !m_pResultsTabControl->getResultModifiedFlag()) {
         now.record->bModified = true;
         showAsModified();
@@ -105,8 +108,8 @@ void CHVVolumeVizPalette::onHistogramYAxisMaxValueChanged(double value)
     m_pTransferFunctionWidget->update();
 }
 
-void CHVVolumeVizPalette::onSignalUpdateTransferFunction(QPolygonF points, QVector<QRgb> colors,
-                                                         QVector<HoverPoints::LockType> locks)
+void CHVVolumeVizPalette::onSignalUpdateTransferFunction(const QPolygonF& points, const QVector<QRgb>& colors,
+                                                         const QVector<HoverPoints::LockType>& locks)
 {
     if (!m_pTransferFunctionWidget) return;
     showPoints(*m_pTransferFunctionWidget, points, colors, locks);

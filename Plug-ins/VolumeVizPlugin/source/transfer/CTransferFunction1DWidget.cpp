@@ -52,7 +52,6 @@ void CTransferFunction1DWidget::setEnabled(bool enabled)
 void CTransferFunction1DWidget::pointsUpdated()
 {
     if (m_type != colorAndAlpha) return;
-    if (!size().isEmpty()) m_pointsSize = size();
     const auto stops = stopsOfPoints(m_hoverPoints->points(), m_hoverPoints->colors(), size(), m_maxOpacity);
     if (stops) setGradientStops(*stops);
 }
@@ -214,11 +213,7 @@ void CTransferFunction1DWidget::followSize()
             point = {point.x() * xScale, point.y() * yScale};
     }
     m_histogramSize = size();
-    const QSize from = m_pointsSize;
-    const bool resized = !from.isEmpty() && from != size();
-    const double xScale = resized ? double(width()) / from.width() : 1.0;
-    const double yScale = resized ? double(height()) / from.height() : 1.0;
-    if (resized) m_hoverPoints->scale(xScale, yScale);
+    const std::optional<QPointF> factors = m_hoverPoints->followSize();
     pointsUpdated();
-    if (resized) emit pointsScaled(xScale, yScale);
+    if (factors) emit pointsScaled(factors->x(), factors->y());
 }

@@ -103,6 +103,5 @@ private:
     double m_yAxisMax = 1.0;
     float m_maxOpacity = 255.0F;
 
-    QSize m_pointsSize;     ///< size of the widget when the control points were set
-    QSize m_histogramSize;  ///< and when the histogram was
+    QSize m_histogramSize;  ///< size of the widget that the histogram is in pixels of
 };

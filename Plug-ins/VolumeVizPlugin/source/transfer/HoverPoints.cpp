@@ -18,7 +18,7 @@ QColor askForColor(const QColor& initial, QWidget* parent)
     dialog->setWindowTitle(QStringLiteral("Select Color"));
     dialog->exec();
     if (!dialog) return {};
-    const QColor chosen = dialog->selectedColor();
+    QColor chosen = dialog->selectedColor();
     delete dialog;
     return chosen;
 }
@@ -123,6 +123,7 @@ void HoverPoints::setPoints(const QPolygonF& points)
     ::setPoints(replaced, points, bounds());
     take(replaced);
     ++m_generation;
+    m_frame = m_widget->size();
 }
 
 void HoverPoints::setPoints(const QPolygonF& points, const QVector<QRgb>& colors)
@@ -146,11 +147,16 @@ void HoverPoints::setPointLock(int index, LockType lock)
     if (index >= 0 && index < m_locks.size()) m_locks[index] = lock;
 }
 
-void HoverPoints::scale(double xScale, double yScale)
+std::optional<QPointF> HoverPoints::followSize()
 {
+    const QSize size = m_widget->size();
+    if (size.isEmpty() || m_frame.isEmpty() || size == m_frame) return {};
+    const QPointF factors(double(size.width()) / m_frame.width(), double(size.height()) / m_frame.height());
     ControlPoints scaled = chain();
-    scalePoints(scaled, xScale, yScale, bounds());
+    scalePoints(scaled, factors.x(), factors.y(), bounds());
     take(scaled);
+    m_frame = size;
+    return factors;
 }
 
 void HoverPoints::setEnabled(bool enabled)

@@ -7,7 +7,10 @@
 #include <QPen>
 #include <QPolygonF>
 #include <QRectF>
+#include <QSize>
 #include <QVector>
+
+#include <optional>
 
 class QMouseEvent;
 class QPainter;
@@ -77,8 +80,10 @@ public:
     /// Whether points can be added and removed.
     void setEditable(bool editable) { m_editable = editable; }
 
-    /// The widget has another size: all points keep their place in it, with colours and locks. No signal.
-    void scale(double xScale, double yScale);
+    /// Brings the points from the size that the widget had when they were set to its present one: all keep
+    /// their place in it, with colours and locks. No signal. Gives the factors along x and y; nothing where
+    /// there was nothing to do, as in a widget without an area.
+    std::optional<QPointF> followSize();
 
     /// Brings the points into order and tells of them.
     void firePointChange();
@@ -127,4 +132,5 @@ private:
     QPen m_connectionPen{QColor(0, 0, 0, 200), 2.0};
 
     unsigned m_generation = 0;  ///< counts the chains that were set
+    QSize m_frame;              ///< size of the widget that the points are in pixels of
 };
