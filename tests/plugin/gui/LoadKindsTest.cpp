@@ -1,9 +1,12 @@
 #include "gui/PluginBench.h"
 
+#include "hvapi/windows/CHVSSequenceWindow.h"
 #include "hvutils/CHVSErrorHandler.h"
 #include "lib/hvapi/sequence/SequenceRegistry.h"
+#include "lib/hvapi/sequence/SequenceStore.h"
 #include "lib/hvapi/windows/WindowRegistry.h"
 #include "render/CGLVolume.h"
+#include "support/DiskSequence.h"
 #include "support/TiffFiles.h"
 #include "support/dicom/DicomBuilder.h"
 
@@ -338,4 +341,34 @@ TEST_F(LoadKinds, AScanAsAResultIsLoadedAndNotModified)
     palette->setResultsModifiedForSequence(true);
     plugin.onLoadResultsSignal("results.txt", "a result");
     EXPECT_TRUE(record("S1").bModified) << "no scan, nothing was loaded";
+}
+
+// 3001 Hounsfield units stand at 40110 with this calibration: above what the histogram gives, below the top.
+TEST_F(LoadKinds, ACalibratedViewKeepsWhatIsDenserThanBone)
+{
+    std::vector<std::int64_t> samples(2 * 128 * 64, 100);
+    samples[5] = samples[6] = 60000;
+    DicomBuilder frames;
+    frames.bits(16, 16).size(128, 64, 2).samples(samples);
+    ASSERT_TRUE(frames.write(path("frames.dcm")));
+    windowOf(sequence)->prepare3DView();
+    WindowRegistry::instance().setActive(windowOf(sequence));
+    ASSERT_TRUE(load({path("frames.dcm")}));
+    EXPECT_EQ(nodeOf(sequence)->getMax(), 101) << "without a calibration the histogram decides";
+
+    const QString file = disk_sequence::make(path("ct"), "CT", {});
+    ASSERT_TRUE(disk_sequence::put(file, "[Sequence]\nFormat Version = 1\nSequence Type = CT\n"
+                                         "[CT Acquisition Parameters]\nReconstructed Volume Min = 0\n"
+                                         "Reconstructed Volume Max = 6.5535\n"
+                                         "Hounsfield Calibration Air = 0.01\n"
+                                         "Hounsfield Calibration Water = 1.01\n"));
+    tag_estatus status = eStatusFailed;
+    CHVSSequenceDataset* calibrated = SequenceStore::open(path("ct"), status);
+    ASSERT_TRUE(calibrated);
+    plugin.onSignalSequenceChanged(calibrated);
+    windowOf(calibrated)->prepare3DView();
+    WindowRegistry::instance().setActive(windowOf(calibrated));
+    ASSERT_TRUE(load({path("frames.dcm")}));
+    EXPECT_EQ(nodeOf(calibrated)->getMin(), 100);
+    EXPECT_EQ(nodeOf(calibrated)->getMax(), 40110);
 }

@@ -72,6 +72,18 @@ TEST_F(PaletteTools, AreThereWithAVolume)
         EXPECT_FALSE(control->isEnabled()) << control->objectName().toStdString();
 }
 
+TEST_F(PaletteTools, AreNotThereBeforeTheFirstSequence)
+{
+    const CHVVolumeVizPalette fresh;
+    for (const QWidget* control :
+         {static_cast<QWidget*>(fresh.m_pVolumeButtonGroup), static_cast<QWidget*>(fresh.m_pTransformToolBtn),
+          static_cast<QWidget*>(fresh.m_pTransformResetBtn), static_cast<QWidget*>(fresh.m_pCroptoolButton),
+          static_cast<QWidget*>(fresh.m_pCropResetBtn),
+          static_cast<QWidget*>(fresh.m_pVolumeInfoDialogButton)})
+        EXPECT_FALSE(control->isEnabled()) << control->objectName().toStdString();
+    EXPECT_FALSE(fresh.m_pVolumeButtonGroup->isChecked());
+}
+
 TEST_F(PaletteTools, TheVolumeIsHiddenAndShown)
 {
     palette->m_pVolumeButtonGroup->setChecked(false);

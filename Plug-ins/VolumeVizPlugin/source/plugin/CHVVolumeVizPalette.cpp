@@ -84,6 +84,7 @@ void CHVVolumeVizPalette::initPalette()
     m_pSliceViewLayout->setContentsMargins(0, 0, 0, 0);
 
     disableUnwiredControls(this);
+    updateVolumeState(SVolVizControls());  // before the first sequence as in one without a volume
     removeTempRoot();
     testCapability();
 }
