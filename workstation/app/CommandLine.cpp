@@ -29,7 +29,8 @@ struct Options
 {
     QCommandLineOption snapshot{
         QStringLiteral("snapshot"),
-        QStringLiteral("Load the files, draw the 3D view, write the picture to FILE and exit. "
+        QStringLiteral("Load the files, draw the 3D view (of a sequence without a volume its Sequence View), "
+                       "write the picture to FILE and exit. "
                        "The ending of FILE gives the format (png, jpg, bmp). Shows no window "
                        "and waits for nobody."),
         QStringLiteral("FILE")};

@@ -6,14 +6,20 @@
 #include "PictureFile.h"
 #include "PressScript.h"
 #include "UnattendedWatch.h"
+#include "Workspace.h"
 
 #include "hvapi/plugin/CHVToolPalettePluginBase.h"
 #include "hvapi/scene/C3DScene.h"
+#include "hvapi/sequence/CHVSSequenceDataset.h"
+#include "hvapi/windows/CHVSSequenceWindow.h"
 #include "lib/hvapi/scene/ViewControl.h"
+#include "lib/hvapi/sequence/SequenceStore.h"
 
 #include <QApplication>
 #include <QDialog>
 #include <QImage>
+#include <QSignalBlocker>
+#include <QTabWidget>
 
 namespace {
 
@@ -67,6 +73,36 @@ public:
     FramesOfHiddenViews& operator=(const FramesOfHiddenViews&) = delete;
 };
 
+/// A sequence without a 3D view shows its clicks, unless it has a volume that should be seen; empty then.
+QString whyNoSequenceView(const MainWindow& window, const ApplicationServices& services)
+{
+    CHVSSequenceDataset* sequence = window.workspace().activeSequence();
+    if (!sequence) return QStringLiteral("there is no 3D view");
+    if (!SequenceStore::volumeFiles(*sequence).isEmpty()) return services.lastComplaint();
+    if (sequence->getClickNumbers().isEmpty())
+        return QStringLiteral("the sequence has neither a volume nor a click");
+    return {};
+}
+
+/// The Sequence View with the first click, made as large as it needs and brought to the size.
+QImage sequenceView(const MainWindow& window, QSize size)
+{
+    auto* tabs =
+        CHVSSequenceWindow::getSequenceWindow(window.workspace().activeSequence())->findChild<QTabWidget*>();
+    if (!tabs) return {};
+    // Out of its hidden window for a moment, whose layout would give it another size.
+    const QSignalBlocker quiet(tabs);
+    QWidget* page = tabs->widget(0);
+    const QString title = tabs->tabText(0);
+    tabs->removeTab(0);
+    page->setParent(nullptr);
+    const QSize natural = page->sizeHint().expandedTo(QSize(900, 600));
+    page->resize(size.scaled(natural, Qt::KeepAspectRatioByExpanding));
+    const QImage picture = page->grab().toImage();
+    tabs->insertTab(0, page, title);
+    return picture.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+}
+
 }  // namespace
 
 SnapshotResult takeSnapshot(MainWindow& window, ApplicationServices& services, const CommandLine& line)
@@ -85,15 +121,21 @@ SnapshotResult takeSnapshot(MainWindow& window, ApplicationServices& services, c
             return {ExitUsage, QStringLiteral("'%1' can't be pressed").arg(script.next())};
     closeDialogs();
 
-    C3DScene* scene = window.activeScene();
-    if (!scene) return loadFailure(line, QStringLiteral("there is no 3D view"));
-    ViewControl view(*scene);
-    view.setPreset(presetOf(line.view));
-    view.fit();
-    const QImage picture = view.picture(line.snapshotSize);
-    if (picture.isNull())
-        return {ExitCannotStart,
-                QStringLiteral("the picture can't be drawn: OpenGL is missing or refuses the size")};
+    QImage picture;
+    if (C3DScene* scene = window.activeScene()) {
+        ViewControl view(*scene);
+        view.setPreset(presetOf(line.view));
+        view.fit();
+        picture = view.picture(line.snapshotSize);
+        if (picture.isNull())
+            return {ExitCannotStart,
+                    QStringLiteral("the picture can't be drawn: OpenGL is missing or refuses the size")};
+    } else {
+        const QString why = whyNoSequenceView(window, services);
+        if (!why.isEmpty()) return loadFailure(line, why);
+        picture = sequenceView(window, line.snapshotSize);
+        if (picture.isNull()) return {ExitCannotStart, QStringLiteral("there is no Sequence View")};
+    }
     QString reason;
     if (!PictureFile::write(picture, line.snapshotFile, reason)) return {ExitWriteFailed, reason};
     return {};

@@ -1,7 +1,9 @@
 // The program itself, started as from a shell, for its pictures and its exit status.
 
+#include "support/DiskSequence.h"
 #include "support/SharedData.h"
 
+#include <QColor>
 #include <QDir>
 #include <QFile>
 #include <QImage>
@@ -247,6 +249,41 @@ TEST_F(SnapshotTest, APictureThatCannotBeWrittenIsStatus5)
     EXPECT_EQ(outcome.code, 5);
     EXPECT_TRUE(outcome.complaint.contains("nowhere/out.png"));
     EXPECT_EQ(outcome.complaint.count('\n'), 1);
+}
+
+TEST_F(SnapshotTest, ASequenceWithoutAVolumeShowsItsFirstClick)
+{
+    disk_sequence::make(path("clicks"), "SLA", {"M1"});
+    ASSERT_TRUE(QDir(path("clicks/CT Data")).removeRecursively());
+    const Outcome outcome = run({"--snapshot", "out.png", "--size", "320x240", path("clicks")});
+    EXPECT_EQ(outcome.code, 0) << outcome.complaint.toStdString();
+    const QImage picture(path("out.png"));
+    ASSERT_EQ(picture.size(), QSize(320, 240));
+    bool isColoured = false;  // by the light
+    for (int x = 0; x < picture.width() && !isColoured; ++x)
+        for (int y = 0; y < picture.height() && !isColoured; ++y)
+            isColoured =
+                QColor(picture.pixel(x, y)).saturation() > 200 && QColor(picture.pixel(x, y)).value() > 150;
+    EXPECT_TRUE(isColoured);
+}
+
+TEST_F(SnapshotTest, ASequenceWithNothingToShowSaysSo)
+{
+    disk_sequence::make(path("empty"), "CT", {});
+    ASSERT_TRUE(QDir(path("empty/CT Data")).removeRecursively());
+    const Outcome outcome = run({"--snapshot", "out.png", path("empty")});
+    EXPECT_EQ(outcome.code, 4);
+    EXPECT_TRUE(outcome.complaint.contains("neither a volume nor a click"))
+        << outcome.complaint.toStdString();
+}
+
+TEST_F(SnapshotTest, ASequenceWhoseVolumeDoesNotLoadTellsWhy)
+{
+    disk_sequence::make(path("broken"), "CT", {"M1"});  // what lies in "CT Data" is no scan
+    const Outcome outcome = run({"--snapshot", "out.png", path("broken")});
+    EXPECT_EQ(outcome.code, 4);
+    EXPECT_TRUE(outcome.complaint.contains("cannot be opened as a volume"))
+        << outcome.complaint.toStdString();
 }
 
 TEST_F(SnapshotTest, ALogThatCannotBeWrittenIsStatus5)

@@ -18,6 +18,7 @@
 #include <QMenuBar>
 #include <QPushButton>
 #include <QSpinBox>
+#include <QStatusBar>
 #include <QTabWidget>
 
 namespace {
@@ -136,6 +137,22 @@ TEST_F(WorkstationTest, AFileThatIsNoVolumeIsRefusedWithABoxAndTheOldVolumeStays
     EXPECT_EQ(volume(), before);
     EXPECT_TRUE(isCubeSeen());
     EXPECT_FALSE(m_services->lastComplaint().isEmpty());
+}
+
+TEST_F(WorkstationTest, AFolderDroppedOnTheWindowIsLoadedIntoANewScene)
+{
+    ASSERT_TRUE(QDir(m_folder.path()).mkdir("scan"));
+    rawFile("scan/cube.vox", true);
+    ASSERT_TRUE(drop(m_window.get(), {m_folder.filePath("scan")}));
+    ASSERT_TRUE(volume());
+    EXPECT_EQ(volume()->getWidth(), side);
+}
+
+TEST_F(WorkstationTest, AMeasuredDistanceStandsInTheStatusLine)
+{
+    m_window->newScene();
+    emit m_window->activeScene()->distanceMeasured(12.345);
+    EXPECT_EQ(m_window->statusBar()->currentMessage(), QString("Distance: 12.35 mm"));
 }
 
 TEST_F(WorkstationTest, FilesOfTheCommandLineOpenInANewScene)

@@ -5,6 +5,7 @@
 #include "hvutils/CHVPreference.h"
 #include "hvutils/CHVPreferenceSignalHandler.h"
 #include "hvutils/CHVSErrorHandler.h"
+#include "hvutils/CHVSLog.h"
 #include "hvutils/CHVSSettings.h"
 #include "lib/hvapi/sequence/SequenceRegistry.h"
 #include "lib/hvapi/sequence/SequenceStore.h"
@@ -179,6 +180,10 @@ void CHVSSequenceWindow::prepare3DView()
         });
         connect(d->scenePage->scene(), &C3DScene::measuringChanged, this,
                 [this](bool on) { getWindowControls()->m_3DControls.m_bMeasuring = on; });
+        connect(d->scenePage->scene(), &C3DScene::distanceMeasured, this, [](double distance) {
+            getLogObject()->log(tr("Distance: %1 mm").arg(distance, 0, 'f', 2), QString(), 0, QString(),
+                                CHVSLog::eStatusLine, false);
+        });
         d->tabs->widget(SceneTab)->layout()->addWidget(d->scenePage);
         set3DToolsStates();
     }
