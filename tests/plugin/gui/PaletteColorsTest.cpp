@@ -137,6 +137,15 @@ TEST_F(PaletteColors, ClearIsAModificationByTheButtonOnly)
     EXPECT_FALSE(isModified());
     palette->m_pClearToolButton->click();
     EXPECT_TRUE(isModified());
+    EXPECT_FALSE(record("S1").bModified);
+}
+
+TEST_F(PaletteColors, ReverseAndAutoFitAreNoModification)
+{
+    palette->m_pReverseColorMapCheck->click();
+    palette->m_pAutoFitToolButton->click();
+    EXPECT_FALSE(isModified());
+    EXPECT_FALSE(record("S1").bModified);
 }
 
 TEST_F(PaletteColors, TheTableReachesTheVolume)
