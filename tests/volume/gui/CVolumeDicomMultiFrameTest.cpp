@@ -1,3 +1,10 @@
+#include "hvapi/windows/CHVSSequenceWindow.h"
+#include "hvparser/CPLSection.h"
+#include "hvparser/CPLSequenceInfo.h"
+#include "lib/hvapi/sequence/SequenceContents.h"
+#include "lib/hvapi/sequence/SequenceRegistry.h"
+#include "lib/hvapi/windows/WindowRegistry.h"
+#include "lib/hvparser/KeyedFile.h"
 #include "volume/CVolumeInfoDialog.h"
 #include "volume/support/DicomVolume.h"
 
@@ -149,6 +156,40 @@ TEST_F(DicomMultiFrame, AFewBrightSamplesAreCut)
     showAllValues();
     ASSERT_TRUE(load({path}));
     EXPECT_EQ(reader.getMaxValue(), 60000);
+}
+
+// Ten thousand stored values a unit from -0.5 on, air at 0.01 and water at 1.01: 3001 Hounsfield units
+// are 4.011, which is stored as 45110.
+TEST_F(DicomMultiFrame, ACalibratedViewRaisesTheLimitToDenseTissue)
+{
+    SequenceContents contents;
+    contents.info = std::make_unique<CPLSequenceInfo>();
+    CPLSection* const section =
+        CPLSequenceInfo::Private::fileOf(*contents.info).findOrAdd("CT Acquisition Parameters");
+    ASSERT_NE(section, nullptr);
+    section->addKeyValue("Reconstructed Volume Min", "-0.5");
+    section->addKeyValue("Reconstructed Volume Max", "6.0535");
+    section->addKeyValue("Hounsfield Calibration Air", "0.01");
+    section->addKeyValue("Hounsfield Calibration Water", "1.01");
+    SequenceRegistry& registry = SequenceRegistry::instance();
+    CHVSSequenceDataset* const sequence =
+        registry.open({"calibrated", SequenceKind::Ct, false, {}, {}}, std::move(contents));
+    ASSERT_NE(sequence, nullptr);
+    CHVSSequenceWindow* const window = CHVSSequenceWindow::getSequenceWindow(sequence);
+    window->prepare3DView();
+    const auto highestWith = [this](std::int64_t brightest) {
+        std::vector<std::int64_t> samples(1600, 100);
+        samples[5] = samples[6] = brightest;
+        DicomBuilder builder;
+        EXPECT_TRUE(load({write("multi.dcm", builder.bits(16, 16).size(width, height, 2).samples(samples))}));
+        return reader.getMaxValue();
+    };
+    WindowRegistry::instance().setActive(window);
+    EXPECT_EQ(highestWith(60000), 45110);
+    EXPECT_EQ(highestWith(30000), 30000) << "not above what is there";
+    WindowRegistry::instance().setActive(nullptr);
+    EXPECT_EQ(highestWith(60000), 101) << "without a view the histogram decides";
+    registry.close(sequence);
 }
 
 TEST_F(DicomMultiFrame, RangeTagsSkipTheScan)
