@@ -11,3 +11,16 @@ TEST(FileOrder, IsByNameIgnoringCase)
     sortByName(none);
     EXPECT_TRUE(none.isEmpty());
 }
+
+TEST(FileOrder, isThatOfTextsWithoutCase)
+{
+    QStringList const names = {"b.dcm", "B1.dcm", "a",  "A2", "a10",   "_x",     "Zz",    "ä.tif", "Ä1.tif",
+                               "aÄ",    "aä2",    "ab", "aZ", "1.dcm", "10.dcm", "2.dcm", ""};
+    for (QString const& left : names)
+        for (QString const& right : names) {
+            QStringList pair = {left, right};
+            sortByName(pair);
+            EXPECT_LE(pair[0].compare(pair[1], Qt::CaseInsensitive), 0)
+                << left.toStdString() << ' ' << right.toStdString();
+        }
+}
