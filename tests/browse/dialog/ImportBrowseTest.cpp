@@ -2,6 +2,7 @@
 
 #include "hvutils/CHVUtilityFns.h"
 
+#include <QElapsedTimer>
 #include <QPointer>
 #include <QSignalSpy>
 
@@ -205,6 +206,19 @@ TEST_F(ImportBrowse, AFolderThatIsNotThereGivesAnEmptyList)
     EXPECT_EQ(rows(), 0);
     EXPECT_TRUE(canClose());
     EXPECT_FALSE(dialog->m_pLoadButton->isEnabled());
+}
+
+TEST_F(ImportBrowse, ABrowseServesTheWindowOnceASecond)
+{
+    series("a", 2);
+    QElapsedTimer clock;
+    qint64 firstEvent = 0;
+    QObject::connect(dialog->m_pCompatibleDataList->model(), &QAbstractItemModel::rowsInserted, dialog,
+                     [&] { firstEvent = clock.elapsed(); });
+    clock.start();
+    dialog->browse(folder.path());
+    EXPECT_GE(firstEvent, 1000) << "though the thread was ready long before";
+    EXPECT_LT(clock.elapsed(), 3000);
 }
 
 TEST_F(ImportBrowse, EscapeLeavesTheWindowOpen)

@@ -4,6 +4,7 @@
 
 #include <QElapsedTimer>
 #include <QSignalSpy>
+#include <QThread>
 
 namespace {
 
@@ -220,6 +221,42 @@ TEST_F(ImportPreview, PlayingGoesRoundInsideTheRange)
     const int last = dialog->m_pFrameSlider->value();
     QTest::qWait(100);
     EXPECT_EQ(dialog->m_pFrameSlider->value(), last);
+}
+
+TEST_F(ImportPreview, FramesDoNotPileUpWhilePlaying)
+{
+    series("s", 100);
+    show("s");
+    QTest::mouseClick(dialog->m_pPlayButton, Qt::LeftButton);
+    QTest::qWait(50);
+    int changes = 0;
+    QObject::connect(dialog->m_pFrameSlider, &QSlider::valueChanged, dialog, [&changes] { ++changes; });
+    QThread::msleep(500);
+    QCoreApplication::processEvents();
+    EXPECT_LE(changes, 2) << "of the fifteen that were due while nothing was handled";
+}
+
+TEST_F(ImportPreview, EachFrameHasItsOwnRange)
+{
+    series("s", 5);
+    show("s");
+    for (const int number : {1, 3, 5}) {
+        dialog->m_pFrameSlider->setValue(number);
+        EXPECT_EQ(gray(0.9), 255) << "the brightest value is white, be it 1000 or 5000";
+        EXPECT_EQ(gray(0.1), 0);
+    }
+}
+
+TEST_F(ImportPreview, FoldersThatDifferByCaseAreTheSameSelection)
+{
+    series("scan", 3);
+    series("SCAN", 5);
+    send(new CVolBrowseStartEvent("Searching..."));
+    sendFound(infoOf("scan"));
+    sendFound(infoOf("SCAN"));
+    send(new CVolBrowseEndEvent(""));
+    clickRow(1);
+    EXPECT_EQ(fileList().size(), 3);
 }
 
 TEST_F(ImportPreview, ThePlayButtonShowsWhatAClickWillDo)

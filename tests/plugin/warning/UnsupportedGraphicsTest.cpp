@@ -7,6 +7,7 @@
 #include <QCoreApplication>
 #include <QDragEnterEvent>
 #include <QMimeData>
+#include <QSignalSpy>
 #include <QTextEdit>
 #include <QUrl>
 #include <gtest/gtest.h>
@@ -75,7 +76,9 @@ TEST_F(UnsupportedGraphics, DropsAreRefused)
 TEST_F(UnsupportedGraphics, TheActionWarns)
 {
     host->answers = {0};
+    QSignalSpy wrapped(plugin, &CHVToolPalettePluginBase::addWidgetToWorkspace);
     plugin->onPluginAction();
+    EXPECT_EQ(wrapped.size(), 0) << "no import dialog";
     ASSERT_EQ(host->asked.size(), 1);
     const HostQuestion& box = host->asked.first();
     EXPECT_EQ(box.kind, HostQuestion::Warning);

@@ -267,6 +267,21 @@ TEST(CHVSSettings, RecentFolderIsKeptAndFallsBackHome)
     EXPECT_EQ(settings->getRecentFilePath(), QDir::homePath());
 }
 
+TEST(CHVSSettings, BrowseFolderIsTheRecentOneUnlessAnotherIsStored)
+{
+    RecordingHost host;
+    CHVSSettings* const settings = CHVPreference::getSettings();
+    QString const scans = host.folder.path() + QStringLiteral("/scans");
+    ASSERT_TRUE(QDir().mkpath(scans));
+    settings->setRecentFilePath(host.folder.path());
+    EXPECT_EQ(settings->getBrowsePath(), host.folder.path());
+    host.settings().setValue("folders/browse", scans);
+    EXPECT_EQ(settings->getBrowsePath(), scans);
+    EXPECT_EQ(settings->getRecentFilePath(), host.folder.path());
+    QDir().rmdir(scans);
+    EXPECT_EQ(settings->getBrowsePath(), host.folder.path());
+}
+
 TEST(Sleep, WaitsAtLeastAsLong)
 {
     QElapsedTimer timer;
