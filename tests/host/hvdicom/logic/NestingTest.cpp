@@ -119,6 +119,13 @@ TEST(Nesting, takesNoPixelsForItems)
     EXPECT_EQ(depth(file), 0U);
 }
 
+TEST(Nesting, seesPixelsThatAreCalledASequence)
+{
+    // 8 + 31 * 20 bytes
+    QByteArray const pixels = raw("\xE0\x7F\x10\0SQ\0\0\x74\x02\0\0\xFE\xFF\0\xE0\xFF\xFF\xFF\xFF");
+    EXPECT_EQ(depth(DicomBuilder().withoutPixels().bytes() + pixels + openSequences(31)), 32U);
+}
+
 TEST(Nesting, tellsWhereDeflatedAttributesBegin)
 {
     QByteArray const plain = DicomBuilder().bytes();

@@ -150,6 +150,15 @@ private:
                (number(b.data(), 2) << 16 | number(b.data() + 2, 2)) == item;
     }
 
+    // Pixels may be called a sequence too; only what they are called, and not how they begin, tells.
+    bool holdsItems(Attribute const& attribute) const
+    {
+        std::string const& kind = attribute.representation;
+        if (attribute.length == undefined || kind == "SQ") return true;
+        bool const isBulk = kind == "OB" || kind == "OW" || (kind.empty() && attribute.tag == pixelData);
+        return !isBulk && beginsWithItem(attribute);
+    }
+
     void follow(std::uint64_t at)
     {
         Attribute attribute;
@@ -165,14 +174,11 @@ private:
             } else if (attribute.tag == itemEnd || attribute.tag == sequenceEnd) {
                 if (!m_levels.empty() && m_levels.back().isItem == (attribute.tag == itemEnd)) leave();
                 at = attribute.value;
-            } else if (attribute.tag == pixelData && attribute.length != undefined) {
-                at = next;
-            } else if (attribute.length == undefined || attribute.representation == "SQ" ||
-                       (attribute.representation != "OB" && attribute.representation != "OW" &&
-                        beginsWithItem(attribute))) {
+            } else if (holdsItems(attribute)) {
                 Encoding const outside = m_encoding;
                 if (attribute.representation == "UN") m_encoding = {false, true};
-                enter(attribute.value, attribute.length, false, attribute.tag == pixelData, outside);
+                bool const hasFragments = attribute.tag == pixelData && attribute.representation != "SQ";
+                enter(attribute.value, attribute.length, false, hasFragments, outside);
                 at = attribute.value;
             } else {
                 at = next;
