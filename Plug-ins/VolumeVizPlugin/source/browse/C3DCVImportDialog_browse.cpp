@@ -34,7 +34,7 @@ constexpr unsigned long servedEvery = 1000;  // ms
 QString C3DCVImportDialog::getBrowseFolder()
 {
     static QString start = CHVPreference::getSettings()->getBrowsePath();
-    const QString folder =
+    QString folder =
         QFileDialog::getExistingDirectory(this, QStringLiteral("Halvane Corvane Folder:"), start);
     if (!folder.isEmpty()) start = folder;
     return folder;

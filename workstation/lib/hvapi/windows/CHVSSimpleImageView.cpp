@@ -127,7 +127,8 @@ void CHVSSimpleImageView::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);
     painter.fillRect(rect(), Qt::black);
-    QImage const picture = d->image ? hvwindows::palettePicture(*d->image) : QImage();
+    if (!d->image) return;
+    QImage const picture = hvwindows::palettePicture(*d->image);
     if (picture.isNull()) return;
     d->place.setPicture(
         QSize(static_cast<int>(d->image->getWidth()), static_cast<int>(d->image->getHeight())));

@@ -37,7 +37,7 @@ void fill(QImage& picture, CILImage const& image, long step, F&& color)
 template <class T>
 void fillByTable(QImage& picture, CILImage const& image, long step)
 {
-    constexpr int lowest = std::numeric_limits<T>::min();
+    constexpr auto lowest = static_cast<int>(std::numeric_limits<T>::min());
     constexpr int count = static_cast<int>(std::numeric_limits<T>::max()) - lowest + 1;
     CILPalette const palette = image.getPalette();
     std::vector<QRgb> table(static_cast<std::size_t>(count));
