@@ -168,6 +168,19 @@ TEST(DicomPixels, TheDepthDecidesOnTheSample)
     EXPECT_EQ(static_cast<std::uint32_t*>(image.get_data())[5], 6U);
 }
 
+TEST(DicomPixels, AreCopied)
+{
+    std::uint16_t values[2] = {7, 9};
+    CILImage image;
+    ASSERT_TRUE(image.InitFromDICOMFile(reinterpret_cast<char*>(values), 1, 2, 16));
+    values[0] = 100;
+    CILImage const& shown = image;
+    EXPECT_EQ(static_cast<std::uint16_t const*>(shown.get_data())[0], 7);
+    ASSERT_TRUE(image.InitFromDICOMFile(static_cast<char*>(image.get_data()), 2, 1, 16)) << "its own";
+    EXPECT_EQ(static_cast<std::uint16_t const*>(shown.get_data())[1], 9);
+    EXPECT_EQ(image.getHeight(), 2);
+}
+
 TEST(DicomPixels, WhatIsNoPictureLeavesTheImage)
 {
     std::uint16_t value = 9;

@@ -54,9 +54,13 @@ bool CILImage::initWithData(HVSDataTypes type, long width, long height, void* da
 
 bool CILImage::InitFromDICOMFile(char* pixels, unsigned height, unsigned width, unsigned depth)
 {
-    if (depth == 0 || depth > 32) return false;
+    if (!pixels || depth == 0 || depth > 32) return false;
     HVSDataTypes const type = depth > 16 ? eTypeUInt32 : depth > 8 ? eTypeUInt16 : eTypeUInt8;
-    return initWithData(type, static_cast<long>(width), static_cast<long>(height), pixels);
+    auto const columns = static_cast<long>(width);
+    auto const rows = static_cast<long>(height);
+    if (d->owns(pixels)) return initWithData(type, columns, rows, pixels);
+    // The pixels are their reader's, which shows the next frame in the same place.
+    return InitWithType(type, columns, rows) && setImageData(pixels);
 }
 
 CILPalette CILImage::getPalette() const

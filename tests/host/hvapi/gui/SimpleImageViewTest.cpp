@@ -31,7 +31,7 @@ CILImage halves(long width, long height, std::uint16_t dark, std::uint16_t brigh
             values.push_back(x < width / 2 ? dark : bright);
     }
     CILImage image;
-    EXPECT_TRUE(image.initWithData(eTypeUInt16, width, height, values.data()));
+    EXPECT_TRUE(image.InitWithType(eTypeUInt16, width, height) && image.setImageData(values.data()));
     CILPalette palette = image.getPalette();
     palette.SetImageMinMax(1000.0, 3000.0);
     image.setPalette(palette);
