@@ -374,16 +374,16 @@ TEST_F(PaletteTools, CountsAreTheUnitOnOffer)
 
 TEST_F(PaletteTools, ToolRequestsBringTheSliderToTheSlice)
 {
-    // The box is 4 x 2 x 1.8 mm around the origin; the slider goes from 0 to 100.
+    // The box is 4 x 2 x 1.8 mm around the origin; the slider goes from 0 to 10000.
     scene->getYZslice()->setPosition(-1.21);
     scene->getXZslice()->setPosition(-0.51);
     scene->getXYslice()->setPosition(0.1);
     plugin.onToolPalettePluginStatusModified(ETOOLPALETTE_SHOW_SLICE_SAGITTAL);
-    EXPECT_EQ(palette->m_pSliceViewerSlider->value(), 44);
+    EXPECT_EQ(palette->m_pSliceViewerSlider->value(), 4475);
     plugin.onToolPalettePluginStatusModified(ETOOLPALETTE_SHOW_SLICE_TRANSAXIAL);
-    EXPECT_EQ(palette->m_pSliceViewerSlider->value(), 74);
+    EXPECT_EQ(palette->m_pSliceViewerSlider->value(), 7450);
     plugin.onToolPalettePluginStatusModified(ETOOLPALETTE_SHOW_SLICE_CORONAL);
-    EXPECT_EQ(palette->m_pSliceViewerSlider->value(), 55);
+    EXPECT_EQ(palette->m_pSliceViewerSlider->value(), 5555);
 }
 
 TEST_F(PaletteTools, ASliderWithoutAWindowIsLogged)

@@ -334,7 +334,7 @@ TEST_F(SequenceBinding, EachSequenceHasItsOwnState)
     palette->onSequenceChanged(first);
     EXPECT_TRUE(palette->m_pVolumeInfoDialogButton->isEnabled());
     EXPECT_EQ(palette->m_pSliceMinIntensitySpinBox->minimum(), 10.0);
-    EXPECT_EQ(palette->m_pSliceMinIntensitySlider->value(), 10);
+    EXPECT_EQ(palette->m_pSliceMinIntensitySlider->value(), 11);  // where the fit ended the air
     EXPECT_EQ(palette->m_pSliceMaxIntensitySpinBox->value(), 109.0);
     EXPECT_EQ(palette->m_pSliceMaxIntensitySlider->maximum(), 109);
     EXPECT_EQ(palette->m_pCorvaneResultLbl->text(), QString("Volume Information: "));

@@ -4,6 +4,7 @@
 
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QPointer>
 
 namespace {
 
@@ -31,25 +32,30 @@ tag_estatus CHVSFileDialog::getSaveFileName(QWidget* parent, QString title, QStr
 {
     QString proposed = path;
     QString filter = filters.value(0);
+    const QPointer<QWidget> owner(parent);
     for (;;) {
-        QFileDialog dialog(parent, title);
-        dialog.setAcceptMode(QFileDialog::AcceptSave);
-        dialog.setFileMode(QFileDialog::AnyFile);
-        dialog.setNameFilters(filters);
-        dialog.selectNameFilter(filter);
+        // On the heap: an owner that goes while the user thinks takes the dialog with it.
+        const QPointer<QFileDialog> dialog(new QFileDialog(parent, title));
+        dialog->setAcceptMode(QFileDialog::AcceptSave);
+        dialog->setFileMode(QFileDialog::AnyFile);
+        dialog->setNameFilters(filters);
+        dialog->selectNameFilter(filter);
         // The dialog's own question knows nothing of the extension that is added here.
-        dialog.setOption(QFileDialog::DontConfirmOverwrite);
+        dialog->setOption(QFileDialog::DontConfirmOverwrite);
         if (QFileInfo(proposed).isDir())
-            dialog.setDirectory(proposed);
+            dialog->setDirectory(proposed);
         else if (!proposed.isEmpty())
-            dialog.selectFile(proposed);
-        if (dialog.exec() != QDialog::Accepted) return eStatusFailed;
-
-        filter = dialog.selectedNameFilter();
-        proposed = dialog.selectedFiles().value(0);
+            dialog->selectFile(proposed);
+        const bool isAccepted = dialog->exec() == QDialog::Accepted;
+        if (!dialog) return eStatusFailed;
+        filter = dialog->selectedNameFilter();
+        proposed = dialog->selectedFiles().value(0);
+        delete dialog;
+        if (!isAccepted) return eStatusFailed;
         if (proposed.isEmpty()) continue;
         proposed = QFileInfo(withExtension(proposed, extensions, filters.indexOf(filter))).absoluteFilePath();
         if (!QFileInfo::exists(proposed) || mayReplace(parent, title, proposed)) break;
+        if (parent && !owner) return eStatusFailed;
     }
     path = proposed;
     return eStatusSuccess;

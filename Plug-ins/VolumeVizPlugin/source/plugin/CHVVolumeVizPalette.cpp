@@ -156,6 +156,7 @@ void CHVVolumeVizPalette::connectControls()
             &CHVVolumeVizPalette::onVolumeButtonGroupToggled);
     connect(m_pOpacitySlider, SIGNAL(sliderReleased()), this, SLOT(onOpacitySliderReleased()));
     connectHistogramControls();
+    connectSliceControls();
     connect(m_pTransformToolBtn, SIGNAL(toggled(bool)), this, SLOT(onToggleTransformTool(bool)));
     connect(m_pTransformResetBtn, SIGNAL(clicked()), this, SLOT(onToggleTransformReset()));
     connect(m_pCroptoolButton, SIGNAL(toggled(bool)), this, SLOT(onToggleCropTool(bool)));

@@ -18,11 +18,13 @@ class CHistogramViewer;
 class CTransferFunction1DWidget;
 class CGLVolume;
 class CRenderEffectsDlg;
+class CHVMultiVolumeSliceView;
 class CHVSDataset;
 class CHVSPalettePixmapView;
 class CHVSResultsTabControl;
 class CHVSSequenceDataset;
 class CHVSSequenceWindow;
+class CVolumeSliceLayout;
 class QButtonGroup;
 class QGridLayout;
 class QMenu;
@@ -149,6 +151,33 @@ public slots:
     void onShownUnitChanged(QString unit);
     /// Lets the user change spacing and axis orientation of the loaded volume.
     void onShowVolumeInfoDialog();
+
+    /// How slices are coloured: opacity in percent, the ends of the colour scale in values of the source,
+    /// where the colours come from (0 the table below, 1 the transfer function), and that table.
+    void onSliceOpacitySliderChanged(int nValue);
+    void onChangeSliceMinIntensitySliderValue(int nValue);
+    void onChangeSliceMinIntensitySpinBoxValue(double fValue);
+    void onChangeSliceMaxInstensitySliderValue(int nValue);
+    void onChangeSliceMaxIntensitySpinBoxValue(double fValue);
+    void onSliceColorTableOptionChanged(int id);
+    void onSelChangeSliceColorTableCombo(int index);
+    void onClickSliceColorTableReverseCheckBox();
+    /// These three do nothing.
+    void onClickSliceColorTableLogrithmicScaleCheckBox() {}
+    void onChangeSliceThresholdSliderValue(int) {}
+    void onChangeSliceThresholdSpinBoxValue(double) {}
+    /// The slice viewer of the Slice tab: takes orientation and place from its controls, whatever the
+    /// argument.
+    void onVolumeSliceOrientationChange(int);
+    void onVolumeSliceViewerSliderChange(int);
+    /// Shows the slices in a window of their own.
+    void onClickSliceLayoutWindowTB();
+    /// The crop box changed: the slice viewer follows it.
+    void onCroppingEquationChanged(bool bModified);
+    /// The voxels of the loaded volume changed.
+    void onVolumeDataChanged();
+    /// The first visit of the Slice tab makes its viewer, if no load has made it.
+    void onVolumeVizTabChanged(int index);
     /// The transfer function goes to the node as a table, and into the record as points. As a user's edit,
     /// that is from the widget itself, it makes the result a modified one.
     void onTransferFunctionChanged();
@@ -224,6 +253,16 @@ private:
     void closeHistogramViewer();
     void takeLightFromNode(CHVSSequenceDataset* sequence);
 
+    void createSliceView(const PaletteTarget& now);
+    void dropSliceViews();
+    void redrawSlices(const PaletteTarget& now);
+    void updateSliceView();
+    void updateSliceColorMap();
+    /// An end of the slices' scale was changed: a user's edit marks the results.
+    void markSliceEdit();
+    bool slicesUseTransferFunction() const;
+    void connectSliceControls();
+
     void fillColorTables();
     void createResultsTab();
     void createColorBars();
@@ -256,9 +295,11 @@ private:
     QMenu* m_pResultsMenu = nullptr;
     bool m_bDroppedFiles = false;
     CHistogramViewer* m_pHistogramViewer = nullptr;
+    QPointer<CVolumeSliceLayout> m_pSliceLayoutDialog;
     int m_nLowerLimit = -1;
     int m_nUpperLimit = -1;
     bool m_b3DCVSupported = true;
+    QPointer<CHVMultiVolumeSliceView> m_pSliceView;
     QGridLayout* m_pSliceViewLayout = nullptr;
     int m_eManufacturer = 0;
     std::array<float, 6> m_fUnitConversion{};          ///< as UnitRanges::conversion

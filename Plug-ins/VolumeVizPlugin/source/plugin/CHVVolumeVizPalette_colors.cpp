@@ -5,6 +5,7 @@
 #include "hvapi/windows/CHVSSequenceWindow.h"
 #include "hvutils/CHVSPalettePixmapView.h"
 #include "plugin/PaletteTarget.h"
+#include "plugin/logic/SourceLimits.h"
 #include "render/CGLVolume.h"
 #include "transfer/CTransferFunction1DWidget.h"
 #include "transfer/logic/AutoFit.h"
@@ -19,6 +20,7 @@ void CHVVolumeVizPalette::onSelChangeVolumeColorTableCombo(int index)
     record->bModified = true;
     updateVolumeColorMap(false);
     if (byUser && !m_pResultsTabControl->getResultModifiedFlag()) showAsModified();
+    if (slicesUseTransferFunction()) onSliceColorTableOptionChanged(1);
 }
 
 void CHVVolumeVizPalette::onClickVolumeColorTableReverseCheckBox()
@@ -27,6 +29,7 @@ void CHVVolumeVizPalette::onClickVolumeColorTableReverseCheckBox()
     if (!record) return;
     record->bVolumeColorTableReverse = m_pReverseColorMapCheck->isChecked();
     updateVolumeColorMap(false);
+    if (slicesUseTransferFunction()) onClickSliceColorTableReverseCheckBox();
 }
 
 // The tables of a volume have no logarithmic scale.
@@ -75,6 +78,11 @@ void CHVVolumeVizPalette::onClickAutoFitTB()
     chain.colors = editor->colors();
     chain.locks = editor->locks();
     const AirEnd air = endOfAir(now.record->histogram);
+    if (now.node) {
+        const SourceLimits limits = sourceLimits(now.node->getMin(), now.node->getMax());
+        onChangeSliceMinIntensitySliderValue(
+            truncatedToInt(sourceValueOfBin(air.bin, limits.min, limits.max)));
+    }
     const ControlPoints fitted = chainWithStep(chain, air, m_pTransferFunctionWidget->height());
     if (fitted.points.isEmpty()) return;
     editor->setPoints(fitted.points, fitted.colors);

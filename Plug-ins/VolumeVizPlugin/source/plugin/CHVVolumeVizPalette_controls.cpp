@@ -159,14 +159,18 @@ void CHVVolumeVizPalette::updateSliceTab(const SVolVizControls& record)
     const int high = truncatedToInt(limits.max);
     const double min = sourceValue(record.nSliceMin, limits);
     const double max = sourceValue(record.nSliceMax, limits);
-    m_pSliceMinIntensitySpinBox->setRange(limits.min, limits.max);
-    m_pSliceMinIntensitySpinBox->setValue(min);
-    m_pSliceMinIntensitySlider->setRange(low, high);
-    m_pSliceMinIntensitySlider->setValue(truncatedToInt(min));
-    m_pSliceMaxIntensitySlider->setRange(low, high);
-    m_pSliceMaxIntensitySlider->setValue(truncatedToInt(max));
-    m_pSliceMaxIntensitySpinBox->setRange(limits.min, limits.max);
-    m_pSliceMaxIntensitySpinBox->setValue(max);
+    const auto showEnd = [&](QSlider* slider, QDoubleSpinBox* box, double value) {
+        quietly(box, [&](QDoubleSpinBox& quiet) {
+            quiet.setRange(limits.min, limits.max);
+            quiet.setValue(value);
+        });
+        quietly(slider, [&](QSlider& quiet) {
+            quiet.setRange(low, high);
+            quiet.setValue(truncatedToInt(value));
+        });
+    };
+    showEnd(m_pSliceMinIntensitySlider, m_pSliceMinIntensitySpinBox, min);
+    showEnd(m_pSliceMaxIntensitySlider, m_pSliceMaxIntensitySpinBox, max);
 
     quietly(m_pSliceOpacitySlider, [&](QSlider& slider) {
         slider.setRange(record.nSliceOpacityMin, record.nSliceOpacityMax);

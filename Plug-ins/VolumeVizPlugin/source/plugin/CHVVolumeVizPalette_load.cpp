@@ -65,4 +65,5 @@ void CHVVolumeVizPalette::addGLVolumeNodeTo3DSceneGraph()
             SLOT(setResultsModifiedForSequence(bool)));
     connect(node, SIGNAL(onSignalTransformationChanged(bool)), this,
             SLOT(setResultsModifiedForSequence(bool)));
+    connect(node, SIGNAL(onSignalCroppinEquationsChanged(bool)), this, SLOT(onCroppingEquationChanged(bool)));
 }

@@ -15,6 +15,7 @@
 #include "plugin/logic/SequenceValidity.h"
 #include "plugin/logic/TempFolders.h"
 #include "render/CGLVolume.h"
+#include "slices/CVolumeSliceLayout.h"
 
 #include <QDir>
 
@@ -91,6 +92,7 @@ void CHVVolumeVizPalette::onDatasetChanged(CHVSDataset* dataset)
         onSequenceChanged(sequence);
     } else if (dataset) {
         m_bSequenceValid = false;
+        dropSliceViews();
     }
     const QString id = sequence ? sequence->getSequenceID() : QString();
     if (dataset && wasValid && !sameId(id, m_strSequenceID)) showVolumePage();
@@ -105,6 +107,7 @@ void CHVVolumeVizPalette::onSequenceChanged(CHVSSequenceDataset* sequence)
         const QString id = sequence->getSequenceID();
         if (id == m_strSequenceID) return;
         if (!sameId(id, m_strSequenceID)) showVolumePage();
+        dropSliceViews();
         if (valid) {
             m_pSequenceDataset = sequence;
             setCurrentSequence(sequence);
@@ -198,6 +201,7 @@ void CHVVolumeVizPalette::onSequenceRemoved(CHVSSequenceDataset* sequence)
     }
     if (!sequence->isSLASequence() && !sequence->isCTSequence(false)) m_bSequenceValid = false;
     m_mapVolVizControls.remove(id);
+    delete m_pSliceLayoutDialog;
     if (m_pSequenceDataset == sequence)
         m_pSequenceDataset = nullptr;  // no load may reach a sequence that goes
     removeTempFolder(id);

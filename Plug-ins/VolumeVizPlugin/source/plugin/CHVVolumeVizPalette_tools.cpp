@@ -55,6 +55,7 @@ void CHVVolumeVizPalette::onVolumeButtonGroupToggled(bool shown)
     if (now.node) {
         now.node->show(shown);
         SceneRefresh::slicesChanged(now.scene, now.node);
+        updateSliceView();
     }
     if (m_pTransferFunctionWidget) m_pTransferFunctionWidget->setEnabled(shown);
     if (now.sequence && !now.sequence->is3DSceneOnlySequence())
@@ -147,6 +148,7 @@ void CHVVolumeVizPalette::onToggleTransformReset()
         m_pTransformToolBtn->setChecked(false);
     }
     SceneRefresh::transformationReset(now.scene);
+    updateSliceView();
 }
 
 void CHVVolumeVizPalette::onCropReset()
@@ -156,6 +158,8 @@ void CHVVolumeVizPalette::onCropReset()
     Vec3f fullBox[8];
     now.scene->setCroppingBoxOffset(fullBox);
     SceneRefresh::cropReset(now.scene);
+    onCroppingEquationChanged(false);
+    updateSliceView();
 }
 
 void CHVVolumeVizPalette::syncSliceSliderToScene(int axis)

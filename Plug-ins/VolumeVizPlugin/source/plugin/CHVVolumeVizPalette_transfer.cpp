@@ -78,6 +78,7 @@ void CHVVolumeVizPalette::onTransferFunctionChanged()
     if (now.scene) now.scene->refresh();
     // A frame may tell the user of a driver's failure, and the sequence may go meanwhile.
     if (m_strSequenceID != id || !recordOf(id)) return;
+    if (slicesUseTransferFunction()) onSliceColorTableOptionChanged(1);
     if (byUser && !m_pResultsTabControl->getResultModifiedFlag()) {
         now.record->bModified = true;
         showAsModified();

@@ -46,6 +46,20 @@ void SceneRefresh::slicesChanged(C3DScene* scene, C3DObject* volume)
     scene->refreshSliceViews();
 }
 
+void SceneRefresh::slicesRecoloured(C3DScene* scene, C3DObject* volume)
+{
+    if (!scene || !volume) return;
+    scene->setSliceDirty(volume, C3DScene::ALL_VIEWS, true);
+    scene->refreshSliceViews();
+}
+
+void SceneRefresh::voxelsChanged(C3DScene* scene, C3DObject* volume)
+{
+    if (!scene || !volume) return;
+    scene->update();
+    slicesChanged(scene, volume);
+}
+
 void SceneRefresh::cropReset(C3DScene* scene)
 {
     if (!scene) return;

@@ -18,6 +18,12 @@ void geometryChanged(C3DScene* scene);
 /// The volume was shown or hidden: what the slices show of it no longer agrees.
 void slicesChanged(C3DScene* scene, C3DObject* volume);
 
+/// The colours of the slices changed, and nothing else.
+void slicesRecoloured(C3DScene* scene, C3DObject* volume);
+
+/// The voxels were replaced where they lie.
+void voxelsChanged(C3DScene* scene, C3DObject* volume);
+
 /// The crop box was opened.
 void cropReset(C3DScene* scene);
 

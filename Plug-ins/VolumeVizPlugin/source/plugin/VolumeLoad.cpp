@@ -254,6 +254,8 @@ void VolumeLoad::fillRecord(CGLVolume& volume)
     m_palette.m_bHistogramDirty = true;
     m_palette.updateVolumeColorMap(true);
     m_palette.updateVolumeHistogram();
+    if (!isStillCurrent(taker)) return;
+    m_palette.createSliceView(PaletteTarget::of(m_palette.m_pSequenceDataset));
 }
 
 void VolumeLoad::dumpVoxels(CGLVolume& volume) const
@@ -276,6 +278,8 @@ void VolumeLoad::dumpVoxels(CGLVolume& volume) const
 void VolumeLoad::showVolume()
 {
     SceneRefresh::volumeLoaded(window());
+    m_palette.onVolumeSliceViewerSliderChange(0);
+    m_palette.updateSliceView();
     const PaletteTarget now = PaletteTarget::of(m_palette.m_pSequenceDataset);
     if (now.scene) {
         m_palette.currentRecord().registration.registrationMessage = QString();

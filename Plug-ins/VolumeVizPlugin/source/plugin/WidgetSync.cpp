@@ -32,6 +32,21 @@ constexpr const char* wiredControls[] = {
     "m_pHistogramWindowTB",
     "m_pMinMaxUnitCB",
     "m_pLogarithmicHistogramCheckBox",
+    "m_pSliceUseColorTable",
+    "m_pSliceUseTransferFunction",
+    "m_pSliceColorTableGroupBox",
+    "m_pSliceColorTable",
+    "m_pSliceReverseColorMapCheck",
+    "m_pSliceMinIntensitySlider",
+    "m_pSliceMinIntensitySpinBox",
+    "m_pSliceMaxIntensitySlider",
+    "m_pSliceMaxIntensitySpinBox",
+    "m_pSliceOpacitySlider",
+    "m_pSliceOpacitySpinBox",
+    "m_pSliceViewerGBox",
+    "m_pSliceOrientation",
+    "m_pSliceViewerSlider",
+    "m_pExpandSliceView",
 };
 
 bool isControl(const QWidget* widget)

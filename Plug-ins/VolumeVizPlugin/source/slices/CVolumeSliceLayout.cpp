@@ -58,6 +58,11 @@ CVolumeSliceLayout::~CVolumeSliceLayout()
     delete m_view;  // before the controls that it may still call
 }
 
+CHVMultiVolumeSliceView* CVolumeSliceLayout::view() const
+{
+    return m_view;
+}
+
 void CVolumeSliceLayout::connectControls()
 {
     connect(m_pThickSliceGBox, SIGNAL(toggled(bool)), this, SLOT(onClickThickSliceCB()));

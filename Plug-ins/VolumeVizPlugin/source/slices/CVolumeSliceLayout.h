@@ -31,7 +31,7 @@ public:
     void updateFromVolume(CGLVolume* node);
 
     /// Null before a window was bound.
-    CHVMultiVolumeSliceView* view() const { return m_view; }
+    CHVMultiVolumeSliceView* view() const;
 
 public slots:
     void onClickThickSliceCB();

@@ -52,6 +52,7 @@ bool CVolumeSliceLayout::exportGraphics()
         return false;
     }
     const QStringList movieExtensions = CHVSMovieExporter::getExtensionList();
+    const QPointer<CVolumeSliceLayout> self(this);
     QString path;
     if (CHVSFileDialog::getSaveFileName(this, QStringLiteral("Export Graphics"), path,
                                         exportFilters(CHVSMovieExporter::getFilterList()),
@@ -61,7 +62,7 @@ bool CVolumeSliceLayout::exportGraphics()
         log(CHVSLog::eStatusLine, "Please select a valid file name to save the movie file");
         return false;
     }
-    if (!m_view) return false;  // the sequence went while the question was open
+    if (!self || !m_view) return false;  // the sequence went while the question was open
     return isMovieSuffix(QFileInfo(path).suffix(), movieExtensions) ? exportMovie(path) : exportPicture(path);
 }
 
