@@ -38,7 +38,7 @@ struct Steps
 template <class T>
 Steps countSmall(T const* samples, std::size_t count)
 {
-    constexpr auto origin = static_cast<int>(std::numeric_limits<T>::min());
+    constexpr int origin = std::is_signed_v<T> ? -(1 << (8 * sizeof(T) - 1)) : 0;
     Steps result;
     result.lowest = static_cast<double>(origin);
     result.highest = static_cast<double>(origin) + static_cast<double>(steps - 1);

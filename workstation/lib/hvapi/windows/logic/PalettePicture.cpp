@@ -4,7 +4,6 @@
 
 #include <algorithm>
 #include <cstdint>
-#include <limits>
 #include <type_traits>
 #include <vector>
 
@@ -37,8 +36,8 @@ void fill(QImage& picture, CILImage const& image, long step, F&& color)
 template <class T>
 void fillByTable(QImage& picture, CILImage const& image, long step)
 {
-    constexpr auto lowest = static_cast<int>(std::numeric_limits<T>::min());
-    constexpr int count = static_cast<int>(std::numeric_limits<T>::max()) - lowest + 1;
+    constexpr int count = 1 << (8 * sizeof(T));
+    constexpr int lowest = std::is_signed_v<T> ? -count / 2 : 0;
     CILPalette const palette = image.getPalette();
     std::vector<QRgb> table(static_cast<std::size_t>(count));
     for (int i = 0; i < count; ++i)
