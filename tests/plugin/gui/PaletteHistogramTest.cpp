@@ -10,7 +10,9 @@
 #include <QTest>
 
 #include <cmath>
+#include <functional>
 #include <numeric>
+#include <utility>
 
 namespace {
 
@@ -23,8 +25,9 @@ public:
     void processChanged(const HostProcessState& state) override
     {
         states.append(state);
-        if (state.message == QLatin1String("Computing volume histogram...") && lastVoxels)
-            lastVoxels->freeVoxelData();
+        if (state.message != QLatin1String("Computing volume histogram...")) return;
+        if (lastVoxels) lastVoxels->freeVoxelData();
+        if (whileCounting) std::exchange(whileCounting, nullptr)();
     }
 
     bool told(const QString& message) const
@@ -35,6 +38,7 @@ public:
 
     QList<HostProcessState> states;
     QPointer<CGLVolume> lastVoxels;
+    std::function<void()> whileCounting;
 };
 
 /// Voxels of a volume of 20 x 20 x 6 over the whole range of bytes, which loads as it is: the peak of air at
@@ -231,6 +235,16 @@ TEST_F(PaletteHistogram, WithoutMemoryItIsLoggedAndTriedAgain)
     const int times = logged.size();
     palette->onLogarithmicHistogramCheckBox(false);
     EXPECT_EQ(watched.logged(3).size(), times + 1);
+}
+
+TEST_F(PaletteHistogram, ASequenceThatGoesMeanwhileEndsTheLoad)
+{
+    WatchedHost watched;
+    watched.whileCounting = [this] { close(sequence); };
+    EXPECT_FALSE(load(scan()));
+    EXPECT_EQ(palette->recordOf("S1"), nullptr);
+    EXPECT_EQ(watched.states.last().running, 0);
+    EXPECT_EQ(watched.cursorDepth, 0);
 }
 
 TEST_F(PaletteHistogram, OneValueThroughoutHasOneFullBin)

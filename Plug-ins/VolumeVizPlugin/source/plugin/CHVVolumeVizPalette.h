@@ -247,7 +247,7 @@ private:
     void updateVolumeColorMap(bool bRecalcTransferPoints = true);
     /// Shows the histogram of the current sequence, counted anew after a load.
     void updateVolumeHistogram();
-    bool computeHistogram(CGLVolume& node, SVolVizControls& record);
+    bool computeHistogram();
     void showHistogram();
     void createHistogramViewer();
     void closeHistogramViewer();

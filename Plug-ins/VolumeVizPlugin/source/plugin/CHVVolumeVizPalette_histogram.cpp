@@ -64,21 +64,23 @@ void CHVVolumeVizPalette::updateVolumeHistogram()
 {
     const PaletteTarget now = target();
     if (!now.sequence || !now.graph || !now.record) return;
-    if (now.node && now.node->isValid() && m_bHistogramDirty && !computeHistogram(*now.node, *now.record))
-        return;
+    if (now.node && now.node->isValid() && m_bHistogramDirty && !computeHistogram()) return;
     showHistogram();
 }
 
-bool CHVVolumeVizPalette::computeHistogram(CGLVolume& node, SVolVizControls& record)
+bool CHVVolumeVizPalette::computeHistogram()
 {
     const HistogramProcess process;
-    if (!countVoxels(node, record.histogram)) {
+    // The message may have been shown, and the sequence may have gone with the events of that.
+    const PaletteTarget now = target();
+    if (!now.node || !now.record) return false;
+    if (!countVoxels(*now.node, now.record->histogram)) {
         logMessage(CHVSLog::eError,
                    QStringLiteral("Very low memory encountered - unable to calculate histogram."));
         return false;
     }
     m_bHistogramDirty = false;
-    if (record.bAutoFit) onClickAutoFitTB();
+    if (now.record->bAutoFit) onClickAutoFitTB();
     return true;
 }
 
