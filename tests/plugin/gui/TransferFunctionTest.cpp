@@ -210,6 +210,8 @@ TEST_F(TransferFunction, ThePaletteMayGoWhileAColorIsChosen)
 {
     auto* lonely = new CHVVolumeVizPalette;
     CTransferFunction1DWidget* edited = lonely->transferFunctionWidget();
+    lonely->m_pVolumeButtonGroup->setEnabled(true);  // as with a volume
+    lonely->m_pVolumeButtonGroup->setChecked(true);
     edited->setEnabled(true);
     edited->hoverPoints()->setPoints(polygon({{0, 185}, {100, 100}, {200, 0}}), {red, green, blue});
     modal.expect([&](QWidget*) { delete lonely; });
