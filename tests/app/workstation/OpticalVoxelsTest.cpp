@@ -137,17 +137,6 @@ TEST_F(OpticalVoxelsTest, ADamagedFileLeavesTheVolume)
     EXPECT_TRUE(isCubeSeen());
 }
 
-TEST_F(OpticalVoxelsTest, AnotherScanKeepsTheLightAndTheSequenceTakesItAway)
-{
-    ASSERT_TRUE(open(voxels));
-    ASSERT_TRUE(drop({rawFile("other.raw", true)}));
-    EXPECT_TRUE(isLit(-6, 0));
-    ASSERT_TRUE(m_window->workspace().closeSequence(m_window->workspace().activeSequence()));
-    ASSERT_TRUE(m_window->newScene());
-    EXPECT_EQ(optical(), nullptr);
-    EXPECT_FALSE(isLit(-6, 0));
-}
-
 TEST_F(OpticalVoxelsTest, TheStatusBarTellsHounsfieldUnitsOfTheVoxelUnderTheMouse)
 {
     ASSERT_TRUE(open({}));

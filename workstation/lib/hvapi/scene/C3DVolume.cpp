@@ -176,10 +176,9 @@ const hvscene::VoxelBoxes& C3DVolume::Private::boxes()
     return m_boxes;
 }
 
-// Two passes over the boxes: the first leaves their nearest depths, the second colours what is nearest. Where
-// depths are compared the first pass begins with those that the other objects of the scene have left; else
-// it takes depths in front of all of them. Arrays of the client are drawn: no GL object has to survive a
-// context.
+// The pass after those of the other objects: it begins with the depths that they have left, or, where depths
+// are not compared, takes depths in front of all of them. Arrays of the client are drawn: no GL object has to
+// survive a context.
 void C3DVolume::Private::draw()
 {
     const hvscene::VoxelBoxes& all = boxes();
@@ -206,11 +205,6 @@ void C3DVolume::Private::draw()
     }
     glEnableClientState(GL_VERTEX_ARRAY);
     glVertexPointer(3, GL_FLOAT, 0, all.corners.data());
-
-    glColorMask(GL_FALSE, GL_FALSE, GL_FALSE, GL_FALSE);
-    drawBoxes(all, sides, points);
-
-    glColorMask(GL_TRUE, GL_TRUE, GL_TRUE, GL_TRUE);
     glEnableClientState(GL_COLOR_ARRAY);
     glColorPointer(4, GL_UNSIGNED_BYTE, 0, all.colours.data());
     glEnable(GL_LIGHTING);
