@@ -356,6 +356,14 @@ TEST_F(PaletteHistogram, AnotherSequenceClosesTheViewer)
     EXPECT_FALSE(viewer->isVisible());
 }
 
+TEST_F(PaletteHistogram, NoSequenceAtAllClosesTheViewer)
+{
+    CHistogramViewer* viewer = openViewer();
+    ASSERT_TRUE(viewer);
+    plugin.onSignalSequenceChanged(nullptr);
+    EXPECT_FALSE(viewer->isVisible());
+}
+
 TEST_F(PaletteHistogram, WithoutASequenceNothingHappens)
 {
     plugin.onSignalSequenceChanged(nullptr);

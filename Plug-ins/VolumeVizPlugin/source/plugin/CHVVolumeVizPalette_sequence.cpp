@@ -119,6 +119,7 @@ void CHVVolumeVizPalette::onSequenceChanged(CHVSSequenceDataset* sequence)
         clearResults();
         m_strSequenceID = QString();
     }
+    if (m_strSequenceID.isNull()) closeHistogramViewer();
     m_pResultsTabControl->updateSavedResultsForSelSeqId(m_strSequenceID);
 }
 
