@@ -140,12 +140,18 @@ TEST_F(PaletteColors, ClearIsAModificationByTheButtonOnly)
     EXPECT_FALSE(record("S1").bModified);
 }
 
-TEST_F(PaletteColors, ReverseAndAutoFitAreNoModification)
+TEST_F(PaletteColors, ReverseIsNoModification)
 {
     palette->m_pReverseColorMapCheck->click();
-    palette->m_pAutoFitToolButton->click();
     EXPECT_FALSE(isModified());
     EXPECT_FALSE(record("S1").bModified);
+}
+
+// It sets the lower end of the slices' colour scale as well, and that is one.
+TEST_F(PaletteColors, AutoFitIsAModificationByItsSlices)
+{
+    palette->m_pAutoFitToolButton->click();
+    EXPECT_TRUE(isModified());
 }
 
 TEST_F(PaletteColors, TheTableReachesTheVolume)
