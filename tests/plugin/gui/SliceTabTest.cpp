@@ -183,6 +183,14 @@ TEST_F(SliceTabTest, TheButtonAndADoubleClickOpenTheLayout)
     layoutDialog()->close();
 }
 
+TEST_F(SliceTabTest, TheHostsRequestOpensTheLayout)
+{
+    plugin.onToolPalettePluginStatusModified(ETOOLPALETTE_SHOW_SLICE_LAYOUT);
+    ASSERT_NE(layoutDialog(), nullptr);
+    EXPECT_TRUE(layoutDialog()->isVisible());
+    layoutDialog()->close();
+}
+
 TEST_F(SliceTabTest, TheLayoutGoesWithItsSequence)
 {
     palette->onClickSliceLayoutWindowTB();

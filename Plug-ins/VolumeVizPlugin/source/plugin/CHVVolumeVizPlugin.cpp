@@ -296,6 +296,10 @@ void CHVVolumeVizPlugin::onToolPalettePluginStatusModified(ETOOLPALETTE_PLUGIN_S
         m_pPalette->m_pClearToolButton->click();
         return;
     }
+    if (modifier == ETOOLPALETTE_SHOW_SLICE_LAYOUT) {
+        m_pPalette->onClickSliceLayoutWindowTB();
+        return;
+    }
     const ToolView view = viewOfToolRequest(modifier);
     if (!view.known || !m_pPalette->is3DCVSupported()) return;
     QWidget* page = view.page == PalettePage::Slice ? m_pPalette->sliceTab : m_pPalette->volumeTab;
