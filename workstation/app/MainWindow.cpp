@@ -5,6 +5,7 @@
 #include "LongProcessDialog.h"
 #include "PaletteDock.h"
 #include "PathList.h"
+#include "TurntableCommand.h"
 #include "UnsavedChanges.h"
 #include "Workspace.h"
 
@@ -69,6 +70,7 @@ MainWindow::MainWindow(ApplicationServices& services, QWidget* parent)
     , m_pPaletteDock(new PaletteDock)
     , m_pLogDock(new LogDock(m_log))
     , m_pProcess(new LongProcessDialog(this))
+    , m_pTurntable(new TurntableCommand(*this, services))
     , m_pReadoutLabel(new QLabel)
     , m_pSequenceLabel(new QLabel)
 {

@@ -17,6 +17,7 @@ class LongProcessDialog;
 class PaletteDock;
 class QLabel;
 class QMenu;
+class TurntableCommand;
 class Workspace;
 
 /// The workstation's window: the workspace, the tools beside it, the log below it.
@@ -69,6 +70,7 @@ public:
     PaletteDock& paletteDock() const { return *m_pPaletteDock; }
     LogDock& logDock() const { return *m_pLogDock; }
     LogModel& log() { return m_log; }
+    TurntableCommand& turntable() const { return *m_pTurntable; }
     const PluginLoader& plugins() const { return m_plugins; }
 
 protected:
@@ -117,6 +119,7 @@ private:
     PaletteDock* m_pPaletteDock;
     LogDock* m_pLogDock;
     LongProcessDialog* m_pProcess;
+    TurntableCommand* m_pTurntable;
     QLabel* m_pReadoutLabel;
     QLabel* m_pSequenceLabel;
     QToolBar* m_pToolBar = nullptr;

@@ -8,6 +8,7 @@
 #include "LogDock.h"
 #include "PaletteDock.h"
 #include "PictureFile.h"
+#include "TurntableCommand.h"
 #include "Workspace.h"
 
 #include "hvapi/plugin/CHVToolPalettePluginBase.h"
@@ -103,6 +104,9 @@ void MainWindow::buildFileMenu()
     save->setShortcut(QKeySequence::Save);
     connect(save, &QAction::triggered, this, &MainWindow::savePicture);
     m_sceneActions << save;
+    m_pFileMenu->addAction(m_pTurntable->action());
+    m_pFileMenu->setToolTipsVisible(true);
+    connect(m_pFileMenu, &QMenu::aboutToShow, m_pTurntable, &TurntableCommand::refresh);
     m_groupEnds.insert(groupSave, m_pFileMenu->addSeparator());
 
     QAction* leave = addAction(*m_pFileMenu, Icons::make(Icons::Shape::Exit), QStringLiteral("E&xit"),
@@ -220,6 +224,7 @@ void MainWindow::updateActions()
     const bool hasScene = activeScene() != nullptr;
     for (QAction* action : m_sceneActions)
         action->setEnabled(hasScene);
+    m_pTurntable->refresh();
     CHVSSequenceDataset* sequence = m_pWorkspace->activeSequence();
     m_pSaveSequence->setEnabled(sequence != nullptr);
     m_pSequenceLabel->setText(sequence ? sequence->getSequenceID() : QStringLiteral("No sequence"));

@@ -92,8 +92,9 @@ TEST_F(MainWindowTest, ThePluginsActionStandsInItsGroup)
     const QStringList texts = textsOf(*menuNamed(*m_window, "File"));
     const int save = texts.indexOf("Save Picture of the 3D View...");
     ASSERT_GE(save, 0) << texts.join('|').toStdString();
-    EXPECT_EQ(texts.value(save + 1), QString("Record..."));
-    EXPECT_EQ(texts.value(save + 2), QString("-"));
+    EXPECT_EQ(texts.value(save + 1), QString("Export Turntable Movie..."));
+    EXPECT_EQ(texts.value(save + 2), QString("Record..."));
+    EXPECT_EQ(texts.value(save + 3), QString("-"));
     takeRecord();
     actionNamed(*m_window, "RecordAction")->trigger();
     EXPECT_EQ(takeRecord(), QStringList{"action"});

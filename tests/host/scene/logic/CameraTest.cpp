@@ -356,4 +356,31 @@ TEST(CameraTest, ThePointInFrontIsNearerThanTheWholeScene)
         EXPECT_LT(dot(testBox().corner(k) - camera.pointInFront(), camera.back()), 0.0);
 }
 
+TEST(Camera, ATurntableTakesTheWholeTurnIntoTheWindow)
+{
+    Camera camera;
+    camera.setWindow(100, 100);
+    camera.setScene(boxOf({-30, -10, -40}, {30, 10, 40}), true);
+    // Corners run round at sqrt(30^2 + 40^2) = 50 mm.
+    const Camera turned = camera.turntable();
+    EXPECT_NEAR(turned.halfHeight(), 50 * 1.12, 1e-9);
+    EXPECT_NEAR(camera.halfHeight(), 30 * 1.12, 1e-9) << "the camera itself stays";
+    Camera wide = turned;
+    wide.orbit(pi / 2, 0.0);
+    EXPECT_NEAR(wide.halfHeight(), 50 * 1.12, 1e-9) << "at one scale";
+    // A low and wide window has room for 50 mm to the side; then the height decides.
+    camera.setWindow(1000, 100);
+    EXPECT_NEAR(camera.turntable().halfHeight(), 10 * 1.12, 1e-9);
+}
+
+TEST(Camera, ATurntableKeepsWhatTheUserHasZoomed)
+{
+    Camera camera;
+    camera.setWindow(100, 100);
+    camera.setScene(testBox(), true);
+    camera.zoom(2.0, 0.0, 0.0);
+    EXPECT_DOUBLE_EQ(camera.turntable().halfHeight(), camera.halfHeight());
+    EXPECT_EQ(camera.turntable().viewMatrix(), camera.viewMatrix());
+}
+
 }  // namespace

@@ -75,6 +75,37 @@ bool ViewControl::isScaleBarShown() const
     return m_view.hostSide().showScaleBar;
 }
 
+QSize ViewControl::pixels() const
+{
+    return m_view.hostSide().framebufferPixels();
+}
+
+bool ViewControl::hasContents() const
+{
+    return !m_view.hostSide().currentSceneBox().empty;
+}
+
+hvscene::Camera ViewControl::turntableCamera(QSize pixels)
+{
+    m_view.hostSide().takeScene(false);
+    hvscene::Camera camera = m_view.hostSide().camera;
+    camera.setWindow(pixels.width(), pixels.height());
+    return camera.turntable();
+}
+
+QImage ViewControl::pictureOfTurn(const hvscene::Camera& start, double angle, QSize pixels)
+{
+    C3DView::Private& view = m_view.hostSide();
+    // A scene that has changed is told to the view's own camera, not to the one that stands in for it.
+    view.takeScene(false);
+    const hvscene::Camera own = view.camera;
+    view.camera = start;
+    view.camera.orbit(angle, 0.0);
+    const QImage image = picture(pixels);
+    view.camera = own;
+    return image;
+}
+
 QImage ViewControl::picture(QSize pixels)
 {
     if (pixels.isEmpty() || m_view.hostSide().painting) return QImage();

@@ -35,6 +35,17 @@ public:
     /// never shown. Null without GL, or for a size that GL can't draw.
     QImage picture(QSize pixels);
 
+    /// Of the view's window, as the next frame draws it.
+    QSize pixels() const;
+    /// The scene has an object with an extent, shown or hidden.
+    bool hasContents() const;
+
+    /// Where a turn of the scene about the vertical of the window starts, for pictures of that size.
+    hvscene::Camera turntableCamera(QSize pixels);
+    /// picture() with the scene turned from `start` by `angle`, in radians; the front goes right. The view's
+    /// own camera stays where it is.
+    QImage pictureOfTurn(const hvscene::Camera& start, double angle, QSize pixels);
+
     /// Views that are not on screen draw a frame of that size when one is asked of them at once; with an
     /// empty size, as at first, they wait until they are shown. For a program that never shows a window.
     static void setHiddenFrameSize(QSize pixels);

@@ -95,10 +95,32 @@ void Camera::fit()
         halfWidth = std::max(halfWidth, std::fabs(dot(p, m_right)));
         halfHeight = std::max(halfHeight, std::fabs(dot(p, m_up)));
     }
-    m_halfHeight =
-        std::max(std::max(halfHeight, halfWidth / m_aspect) * marginAroundScene, nearestView * m_radius);
+    takeIn(halfWidth, halfHeight);
     m_panX = m_panY = 0.0;
     m_fitted = true;
+}
+
+void Camera::takeIn(double halfWidth, double halfHeight)
+{
+    m_halfHeight =
+        std::max(std::max(halfHeight, halfWidth / m_aspect) * marginAroundScene, nearestView * m_radius);
+}
+
+Camera Camera::turntable() const
+{
+    Camera camera = *this;
+    if (m_fitted) {
+        double halfWidth = 0.0;  // of the cylinder that the corners run round on
+        double halfHeight = 0.0;
+        for (int k = 0; k < 8; ++k) {
+            const Vec3 p = m_box.corner(k) - m_pivot;
+            halfWidth = std::max(halfWidth, std::hypot(dot(p, m_right), dot(p, m_back)));
+            halfHeight = std::max(halfHeight, std::fabs(dot(p, m_up)));
+        }
+        camera.takeIn(halfWidth, halfHeight);
+    }
+    camera.keepPlace();
+    return camera;
 }
 
 void Camera::reset()

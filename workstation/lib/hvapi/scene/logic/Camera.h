@@ -52,6 +52,11 @@ public:
     /// its middle, stays where it is. Bounded, so that the scene can't be lost.
     void zoom(double factor, double right, double up);
 
+    /// This camera for a full turn by orbit() about the vertical of the window, at one scale and with the
+    /// axis at one place. What the user has zoomed or panned stays so; else it takes all that the whole turn
+    /// shows into the window.
+    Camera turntable() const;
+
     Matrix16 viewMatrix() const;
     /// For glOrtho.
     struct Frustum
@@ -73,6 +78,7 @@ public:
 
 private:
     double distance() const { return 2.0 * m_radius; }
+    void takeIn(double halfWidth, double halfHeight);
 
     Vec3 m_right{1, 0, 0};
     Vec3 m_up{0, 1, 0};
