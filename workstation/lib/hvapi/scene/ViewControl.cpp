@@ -101,7 +101,7 @@ QImage ViewControl::pictureOfTurn(const hvscene::Camera& start, double angle, QS
     const hvscene::Camera own = view.camera;
     view.camera = start;
     view.camera.orbit(angle, 0.0);
-    const QImage image = picture(pixels);
+    QImage image = picture(pixels);
     view.camera = own;
     return image;
 }
