@@ -243,6 +243,27 @@ TEST_F(SliceViewTest, TheSingleViewHasItsLabelOnlyWhenAsked)
     EXPECT_EQ(view.tile(0)->label, "5.00");
 }
 
+TEST_F(SliceViewTest, LabelsLieOverTheSlices)
+{
+    show(600, 300);
+    view.setOrientation(AxisZ);
+    for (const bool thick : {false, true}) {
+        view.setThickSliceMode(thick);
+        view.setSliceRange(-10.0F, 10.0F, 10.0);
+        const QImage image = grab();
+        for (int i = 0; i < 3; ++i) {
+            const TileRect& rect = view.tile(i)->rect;
+            int white = 0;
+            for (int x = static_cast<int>(rect.width) - 60; x < rect.width - 2; ++x)
+                for (int y = 2; y < 25; ++y)
+                    white +=
+                        colorName(image.pixelColor(static_cast<int>(rect.x) + x,
+                                                   view.height() - static_cast<int>(rect.y) - y)) == "white";
+            EXPECT_GT(white, 20) << "tile " << i << (thick ? ", slab" : ", cut");
+        }
+    }
+}
+
 TEST_F(SliceViewTest, ThePreferencesFontSizeIsTakenWhenItChanges)
 {
     show(200, 300);

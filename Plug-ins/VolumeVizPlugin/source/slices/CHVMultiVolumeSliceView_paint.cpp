@@ -1,6 +1,7 @@
 #include "hvutils/Singleton.h"
 #include "render/CGLVolume.h"
 #include "render/gl/GlStateScope.h"
+#include "render/gl/GlewSupport.h"
 #include "slices/CHVMultiVolumeSliceView.h"
 #include "slices/SliceScene.h"
 
@@ -132,6 +133,8 @@ void CHVMultiVolumeSliceView::drawSlice(CGLVolume& volume, const SliceTile& tile
         volume.renderThickSlice(m_axis, m_plane[3], tile.thickness, m_mip ? GL_MAX : GL_FUNC_ADD, m_lighting);
     else
         volume.renderSlice(m_plane, kOwnSpace);
+    // The node leaves another unit active, and the painter would bind its letters there.
+    glew::activeTexture(GL_TEXTURE0);
 }
 
 void CHVMultiVolumeSliceView::drawLabel(QPainter& painter, SliceTile& tile, const TileRect& rect)
