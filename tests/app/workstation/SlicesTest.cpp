@@ -56,6 +56,23 @@ protected:
         return seen.size();
     }
 
+    /// White pixels of the label at the foot of the first tile, which lies in the air and is black.
+    static int labelOfFirstTile(const QImage& montage)
+    {
+        constexpr int x = 6;
+        int top = 0;
+        while (top < montage.height() && qGray(montage.pixel(x, top)) > 100)
+            ++top;
+        int bottom = top;
+        while (bottom < montage.height() && qGray(montage.pixel(x, bottom)) < 100)
+            ++bottom;
+        int white = 0;
+        for (int y = bottom - 25; y < bottom - 2; ++y)
+            for (int i = x; i < bottom - top - 4; ++i)
+                white += qGray(montage.pixel(i, y)) > 200 ? 1 : 0;
+        return white;
+    }
+
     /// The user types this path into the file dialog, and accepts.
     void answerPath(const QString& path)
     {
@@ -99,6 +116,7 @@ TEST_F(SlicesTest, MontageSlabSingleSlicePictureAndMovie)
     ASSERT_TRUE(view);
     const QImage montage = view->grabFramebuffer();
     EXPECT_GT(greys(montage), 20);
+    EXPECT_GT(labelOfFirstTile(montage), 20);
 
     auto* slab = window->findChild<QGroupBox*>("m_pThickSliceGBox");
     slab->setChecked(true);

@@ -247,7 +247,10 @@ TEST_F(SliceViewTest, LabelsLieOverTheSlices)
 {
     show(600, 300);
     view.setOrientation(AxisZ);
-    for (const bool thick : {false, true}) {
+    volume.node->setSliceMax(255.0F);
+    for (const int how : {0, 1, 2}) {
+        const bool thick = how == 1;
+        volume.node->setSliceUseTransferFunction(how != 2);
         view.setThickSliceMode(thick);
         view.setSliceRange(-10.0F, 10.0F, 10.0);
         const QImage image = grab();
@@ -259,7 +262,7 @@ TEST_F(SliceViewTest, LabelsLieOverTheSlices)
                     white +=
                         colorName(image.pixelColor(static_cast<int>(rect.x) + x,
                                                    view.height() - static_cast<int>(rect.y) - y)) == "white";
-            EXPECT_GT(white, 20) << "tile " << i << (thick ? ", slab" : ", cut");
+            EXPECT_GT(white, 20) << "tile " << i << ", way " << how;
         }
     }
 }
