@@ -18,4 +18,8 @@ function(viz_test name label)
     add_test(NAME ${name} COMMAND ${name} --gtest_output=json:${CMAKE_BINARY_DIR}/tests/${name}.json)
     set_tests_properties(${name} PROPERTIES LABELS ${label} TIMEOUT 600
         ENVIRONMENT "LP_NUM_THREADS=1;LSAN_OPTIONS=suppressions=${CMAKE_SOURCE_DIR}/tests/support/lsan.supp:print_suppressions=0;VIZ_SHARED_DATA=${CMAKE_SOURCE_DIR}/../shared/data")
+    if(NOT label STREQUAL logic)
+        # One mouse and one active window a display: programs beside each other would take them from one another.
+        set_tests_properties(${name} PROPERTIES RESOURCE_LOCK display)
+    endif()
 endfunction()
