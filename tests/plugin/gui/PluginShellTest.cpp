@@ -4,6 +4,7 @@
 #include "lib/hvapi/sequence/SequenceRegistry.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QMetaMethod>
 #include <QSignalSpy>
 #include <QTabWidget>
@@ -12,6 +13,14 @@ namespace {
 
 class PluginShell : public PluginBench
 {};
+
+/// A host that puts no frame round the import dialog has to delete it itself.
+void deleteOrphanDialog()
+{
+    const QWidgetList windows = QApplication::topLevelWidgets();
+    for (QWidget* window : windows)
+        if (window->inherits("C3DCVImportDialog")) delete window;
+}
 
 QTabWidget* tabsOf(CHVSSequenceWindow* window)
 {
@@ -120,6 +129,7 @@ TEST_F(PluginShell, WithoutAPaletteSlotsDoNothing)
     bare.onToolPalettePluginStatusModified(ETOOLPALETTE_SHOW_VOLUME);
     bare.onPluginAction();
     EXPECT_EQ(told.count(), 0);
+    deleteOrphanDialog();
 }
 
 TEST_F(PluginShell, ValidityFollowsTheSequence)
@@ -252,6 +262,7 @@ TEST_F(PluginShell, ItsActionAsksNothingOnAFitSystem)
 {
     plugin.onPluginAction();
     EXPECT_TRUE(host.asked.isEmpty());
+    deleteOrphanDialog();
 }
 
 TEST(PluginShellAlone, ThePaletteGoesWithThePlugin)

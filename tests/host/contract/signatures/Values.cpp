@@ -56,7 +56,7 @@ static_assert(std::is_pointer_v<downloaded_save_data*>);
 
 static_assert(ETOOLPALETTE_SHOW_VOLUME == 0 && ETOOLPALETTE_SHOW_MAXIMUM_INTENSITY == 5);
 static_assert(IMAGETYPE_PHOTOGRAPH == 0 && IMAGETYPE_LUMINESCENT == 1 && IMAGETYPE_XRAY == 12);
-static_assert(SCALEUNIT_MM == 1);
+static_assert(SCALEUNIT_PIXELS == 1 && SCALEUNIT_MM == 2);
 static_assert(std::is_enum_v<tag_edisplayunit>);
 
 GIVES(void, obtainEquationVariablesForPlane(some<Vec3f>(), some<Vec3f>(), some<Vec3f>(), some<double&>(),

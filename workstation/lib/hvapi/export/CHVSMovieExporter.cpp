@@ -138,7 +138,7 @@ tag_estatus CHVSMovieExporter::appendFrame(void* bits, HVSMovieBufferTypes type,
     Q_UNUSED(bits)  // they are the frame's
     Q_UNUSED(type)  // the encoder is chosen by the path
     if (!d->queue || frame.isNull()) return eStatusFailed;
-    if (d->queue->append(frame)) return eStatusSuccess;
+    if (d->queue->append(std::move(frame))) return eStatusSuccess;
     report(QStringLiteral("A frame of '%1' can't be written: %2").arg(d->path, d->writer->reason()));
     return eStatusFailed;
 }

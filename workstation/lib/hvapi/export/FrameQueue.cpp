@@ -22,12 +22,12 @@ FrameQueue::~FrameQueue()
     m_thread.join();
 }
 
-bool FrameQueue::append(const QImage& frame)
+bool FrameQueue::append(QImage frame)
 {
     std::unique_lock<std::mutex> lock(m_mutex);
     m_changed.wait(lock, [this] { return m_failed || m_frames.size() < kWaiting; });
     if (m_failed) return false;
-    m_frames.push_back(frame);
+    m_frames.push_back(std::move(frame));
     m_changed.notify_all();
     return true;
 }

@@ -23,7 +23,7 @@ public:
     FrameQueue& operator=(const FrameQueue&) = delete;
 
     /// Waits for room. False once a frame has failed.
-    bool append(const QImage& frame);
+    bool append(QImage frame);
     /// Waits until all frames are encoded. False when one has failed.
     bool finish();
 

@@ -32,10 +32,10 @@ std::optional<MovieFrames> movieFrames(double min, double max, double spacing)
 
     MovieFrames movie;
     movie.count = static_cast<int>(frames);
-    const double seconds = movie.count / MovieFrames::kFramesPerSecond;
+    const int seconds = movie.count / MovieFrames::kFramesPerSecond;  // whole ones
     movie.start = static_cast<float>(min);
     movie.step = static_cast<float>(span) / static_cast<float>(movie.count);
-    movie.durationMs = static_cast<int>(1000.0 * seconds);
+    movie.durationMs = 1000 * seconds;
     movie.scaledSeconds = static_cast<int>(seconds * (1000.0 / MovieFrames::kFramesPerSecond));
     return movie;
 }

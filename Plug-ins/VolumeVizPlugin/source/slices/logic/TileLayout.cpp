@@ -106,8 +106,9 @@ TileRect singleRect(double aspect, int width, int height)
         h = static_cast<int>(width / aspect);
     else
         w = static_cast<int>(height * aspect);
-    return {static_cast<float>((width - w) / 2), static_cast<float>((height - h) / 2), static_cast<float>(w),
-            static_cast<float>(h)};
+    const int x = (width - w) / 2;
+    const int y = (height - h) / 2;
+    return {static_cast<float>(x), static_cast<float>(y), static_cast<float>(w), static_cast<float>(h)};
 }
 
 std::vector<TileRect> tileRects(int tiles, const TileGrid& grid, double aspect, int width, int height)
