@@ -1,4 +1,5 @@
 #include "gui/SliceLayoutBench.h"
+#include "support/FullDisk.h"
 
 #include "hvapi/export/CHVSMovieExporter.h"
 #include "hvutils/CHVProcess.h"
@@ -198,6 +199,19 @@ TEST_F(SliceExportTest, AMovieThatCannotBeCreatedIsSaid)
                     "program."));
     EXPECT_EQ(services.cursorDepth(), 0);
     EXPECT_FALSE(dialog->view()->isSingleView());
+}
+
+TEST_F(SliceExportTest, AMovieThatCannotBeCompletedIsNoSuccess)
+{
+    shortRange();
+    answerPath(folder.filePath("movie.mp4"));
+    {
+        const FullDisk disk(2000);
+        EXPECT_FALSE(dialog->exportGraphics());
+    }
+    EXPECT_FALSE(services.messages(16).contains("File exported successfully..!"));
+    EXPECT_TRUE(files().isEmpty());
+    EXPECT_EQ(services.cursorDepth(), 0);
 }
 
 TEST_F(SliceExportTest, ASequenceThatGoesDuringTheExportEndsItWithoutACrash)

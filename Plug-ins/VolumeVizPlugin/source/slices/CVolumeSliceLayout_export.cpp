@@ -12,6 +12,7 @@
 
 #include <QCoreApplication>
 #include <QCursor>
+#include <QDateTime>
 #include <QFile>
 #include <QFileInfo>
 #include <QImage>
@@ -104,11 +105,17 @@ bool CVolumeSliceLayout::exportMovie(const QString& path)
         details.m_nHeight = static_cast<int>(m_view->height() * scale);
         details.m_nFramesPerSecond = MovieFrames::kFramesPerSecond;
 
+        const QDateTime older = QFileInfo(path).lastModified();
         const tag_estatus status = movie.writer.createMovie(details, path);
         if (status == eStatusSuccess) {
             exported = writeFrames(movie);
             movie.writer.closeMovie();
-            if (exported) {
+            const QFileInfo written(path);
+            if (exported && (!written.exists() || written.lastModified() == older)) {
+                // The end of a movie is written when it is closed, which says nothing.
+                exported = false;
+                log(CHVSLog::eWarning, "The movie file could not be completed.");
+            } else if (exported) {
                 log(CHVSLog::eStatusLine, "File exported successfully..!");
             } else {
                 log(CHVSLog::eStatusLine, "Exporting aborted..!");

@@ -2,6 +2,7 @@
 
 #include "hvapi/export/CHVSImageExporter.h"
 #include "lib/hvapi/export/PictureBytes.h"
+#include "support/FullDisk.h"
 #include "testing/TestHostServices.h"
 
 #include <QDir>
@@ -207,12 +208,23 @@ TEST_F(ImageExporterTest, WhatCannotBeWrittenSaysWhyAndLeavesTheOldFile)
     EXPECT_TRUE(services.messages(3).at(1).contains("'xyz'"));
 }
 
-TEST_F(ImageExporterTest, AFullDiskLeavesNothing)
+TEST_F(ImageExporterTest, AFullDiskLeavesTheOldFile)
 {
-    if (!QFileInfo::exists("/dev/full")) GTEST_SKIP();
+    QString path = save("old.bmp");
+    QImage larger = testPicture(600, 400);
+    {
+        const FullDisk disk(10000);
+        EXPECT_FALSE(CHVSImageExporter::saveImage(larger, path));
+    }
+    EXPECT_EQ(QImage(path).size(), QSize(60, 40));
+    EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files), QStringList("old.bmp"));
+}
+
+TEST_F(ImageExporterTest, ADeviceIsNotReplaced)
+{
     QImage picture = testPicture();
-    QString full = "/dev/full";
-    EXPECT_FALSE(CHVSImageExporter::saveImage(picture, full));
+    QString device = "/dev/full";
+    EXPECT_FALSE(CHVSImageExporter::saveImage(picture, device));
     EXPECT_TRUE(QFileInfo::exists("/dev/full"));
 }
 

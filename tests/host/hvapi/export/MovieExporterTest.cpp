@@ -3,6 +3,7 @@
 
 #include "hvapi/export/CHVSMovieExporter.h"
 #include "lib/hvapi/export/FrameQueue.h"
+#include "support/FullDisk.h"
 #include "testing/TestHostServices.h"
 
 #include <QDir>
@@ -129,6 +130,17 @@ TEST_P(MovieExporterTest, AMovieThatIsNotClosedLeavesTheOldFile)
     EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files).size(), 1);
     ASSERT_TRUE(old.open(QIODevice::ReadOnly));
     EXPECT_EQ(old.readAll(), "old");
+}
+
+TEST_P(MovieExporterTest, AFullDiskLeavesNothingAndIsSaid)
+{
+    const QString path = folder.filePath(QString("full.%1").arg(GetParam()));
+    {
+        const FullDisk disk(2000);
+        write(path, 60, 256, 192);
+    }
+    EXPECT_TRUE(QDir(folder.path()).entryList(QDir::Files).isEmpty());
+    EXPECT_FALSE(services.messages(3).isEmpty());
 }
 
 INSTANTIATE_TEST_SUITE_P(Types, MovieExporterTest, ::testing::Values("mp4", "avi", "mpg"));
