@@ -5,6 +5,7 @@
 #include "hvapi/scene/C3DVolumeData.h"
 #include "hvapi/sequence/CHVSSequenceDataset.h"
 #include "hvapi/windows/CHVSSequenceWindow.h"
+#include "support/MouseMove.h"
 
 #include <QLabel>
 #include <QTabWidget>
@@ -44,7 +45,7 @@ struct ReadoutTest : AppFixture
         int step = 0;
         return QTest::qWaitFor(
             [&] {
-                QTest::mouseMove(scene, scene->rect().center() + QPoint(++step % 2, 0));
+                viz_test::moveMouse(scene, scene->rect().center() + QPoint(++step % 2, 0));
                 return text().contains(QStringLiteral("voxel 200"));
             },
             5000);
@@ -77,8 +78,8 @@ TEST_F(ReadoutTest, ASequenceRemovedUnderTheMouseLeavesNothing)
 TEST_F(ReadoutTest, ALookThatWasPromisedDoesNotOutliveItsSequence)
 {
     C3DScene* scene = m_window->activeScene();
-    QTest::mouseMove(scene, scene->rect().center() + QPoint(5, 5));
-    QTest::mouseMove(scene, scene->rect().center());
+    viz_test::moveMouse(scene, scene->rect().center() + QPoint(5, 5));
+    viz_test::moveMouse(scene, scene->rect().center());
     ASSERT_TRUE(m_window->workspace().closeSequence(sequence));
     QTest::qWait(100);
     EXPECT_TRUE(text().isEmpty());

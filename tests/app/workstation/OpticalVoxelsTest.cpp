@@ -5,6 +5,7 @@
 #include "hvapi/scene/C3DVolume.h"
 #include "hvapi/windows/CHVSSequenceWindow.h"
 #include "support/DiskSequence.h"
+#include "support/MouseMove.h"
 
 #include <QCheckBox>
 #include <QDialog>
@@ -147,7 +148,7 @@ TEST_F(OpticalVoxelsTest, TheStatusBarTellsHounsfieldUnitsOfTheVoxelUnderTheMous
     // HU.
     int step = 0;
     const auto isTold = [&] {
-        QTest::mouseMove(scene, scene->rect().center() + QPoint(++step % 2, 0));
+        viz_test::moveMouse(scene, scene->rect().center() + QPoint(++step % 2, 0));
         return label->text().endsWith("voxel 255   |   1000 Hounsfield, in steps of 7.8");
     };
     EXPECT_TRUE(QTest::qWaitFor(isTold, 5000)) << label->text().toStdString();

@@ -5,6 +5,7 @@
 
 #include "phantom/CommandLine.h"
 #include "support/ModalWatcher.h"
+#include "support/MouseMove.h"
 #include "support/SharedData.h"
 
 #include <QAbstractButton>
@@ -52,8 +53,8 @@ protected:
     {
         QWidget* widget = transfer();
         QTest::mousePress(widget, Qt::LeftButton, {}, from);
-        QTest::mouseMove(widget, (from + to) / 2);
-        QTest::mouseMove(widget, to);
+        viz_test::moveMouse(widget, (from + to) / 2);
+        viz_test::moveMouse(widget, to);
         QTest::mouseRelease(widget, Qt::LeftButton, {}, to);
     }
     void click(QPoint at) const { QTest::mouseClick(transfer(), Qt::LeftButton, {}, at); }

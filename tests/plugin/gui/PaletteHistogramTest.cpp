@@ -2,6 +2,7 @@
 
 #include "hvutils/CHVProcess.h"
 #include "render/CGLVolume.h"
+#include "support/MouseMove.h"
 #include "transfer/CHistogramViewer.h"
 #include "transfer/CTransferFunction1DWidget.h"
 
@@ -296,7 +297,7 @@ TEST_F(PaletteHistogram, AnEditInTheViewerComesBackInThePalettesPixels)
     // The left end goes half way up.
     const int y = shown.height() / 2;
     QTest::mousePress(&shown, Qt::LeftButton, {}, QPoint(1, shown.height() - 1));
-    QTest::mouseMove(&shown, QPoint(1, y));
+    viz_test::moveMouse(&shown, QPoint(1, y));
     QTest::mouseRelease(&shown, Qt::LeftButton, {}, QPoint(1, y));
     EXPECT_NEAR(editor().points()[0].y(), y * 185.0 / shown.height(), 1.0);
     EXPECT_NEAR(editor().points()[1].x(), step, 1e-6);

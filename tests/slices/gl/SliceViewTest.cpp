@@ -3,6 +3,7 @@
 #include "hvutils/Singleton.h"
 #include "slices/CHVMultiVolumeSliceView.h"
 #include "support/MarkedVolume.h"
+#include "support/MouseMove.h"
 
 #include <QScrollArea>
 #include <QScrollBar>
@@ -200,7 +201,7 @@ TEST_F(SliceViewTest, TheMouseSelectsAndHoversRedOverBlue)
     show(600, 300);
     view.setOrientation(AxisZ);
     view.setSliceRange(-10.0F, 10.0F, 10.0);
-    QTest::mouseMove(&view, middle(1));
+    viz_test::moveMouse(&view, middle(1));
     QTest::qWait(50);
     EXPECT_EQ(frame(grab(), 1), "blue");
     EXPECT_FALSE(view.hasSelection());

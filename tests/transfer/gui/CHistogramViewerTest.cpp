@@ -1,6 +1,7 @@
 #include "transfer/CHistogramViewer.h"
 
 #include "hvutils/CHVPreference.h"
+#include "support/MouseMove.h"
 #include "transfer/CTransferFunction1DWidget.h"
 
 #include <gtest/gtest.h>
@@ -118,7 +119,7 @@ TEST_F(CHistogramViewerTest, AnEditComesBackInThePixelsOfTheReference)
     const QPoint from(widget().width() / 2, widget().height() / 2);
     const QPoint to(widget().width() / 4, widget().height() / 5);
     QTest::mousePress(&widget(), Qt::LeftButton, Qt::NoModifier, from);
-    QTest::mouseMove(&widget(), to);
+    viz_test::moveMouse(&widget(), to);
     EXPECT_TRUE(edits.isEmpty()) << "told before the edit has ended";
     QTest::mouseRelease(&widget(), Qt::LeftButton, Qt::NoModifier, to);
     ASSERT_EQ(edits.size(), 1);

@@ -1,5 +1,6 @@
 #include "volume/CVolumeInfoDialog.h"
 
+#include "support/MouseMove.h"
 #include "volume/support/RawFiles.h"
 #include "volume/support/RecordingHost.h"
 
@@ -316,8 +317,8 @@ TEST_F(VolumeInfoDialog, DraggingTheSliderChecksAtItsReleaseOnly)
 
     const QPoint start = handle();
     QTest::mousePress(dialog.resolutionSlider, Qt::LeftButton, Qt::NoModifier, start);
-    QTest::mouseMove(dialog.resolutionSlider, start - QPoint(30, 0));
-    QTest::mouseMove(dialog.resolutionSlider, start - QPoint(60, 0));
+    viz_test::moveMouse(dialog.resolutionSlider, start - QPoint(30, 0));
+    viz_test::moveMouse(dialog.resolutionSlider, start - QPoint(60, 0));
     EXPECT_LT(dialog.getResolution(), 100);
     EXPECT_EQ(host.memoryChecks, 0);
     EXPECT_TRUE(dialog.updateMemoryStatus()) << "answers true at once during the drag";

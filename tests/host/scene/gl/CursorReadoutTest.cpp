@@ -1,6 +1,7 @@
 #include "lib/hvapi/scene/CursorReadout.h"
 
 #include "ToolHelpers.h"
+#include "support/MouseMove.h"
 
 using namespace viz_test;
 
@@ -191,8 +192,8 @@ TEST_F(CursorReadoutTest, TheMouseIsFollowedWithNoButtonDownAndDrawsNothing)
     scene.addToScene(box);
     QApplication::processEvents();
     box->frames = 0;
-    QTest::mouseMove(&scene, QPoint(230, 190));
-    QTest::mouseMove(&scene, QPoint(284, 184));
+    viz_test::moveMouse(&scene, QPoint(230, 190));
+    viz_test::moveMouse(&scene, QPoint(284, 184));
     EXPECT_TRUE(QTest::qWaitFor([this] { return !said.isEmpty(); }, 1000));
     EXPECT_EQ(box->frames, 0);
 }
