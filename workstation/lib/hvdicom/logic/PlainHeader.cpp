@@ -40,10 +40,13 @@ constexpr std::array<Form, 26 * 26> formsByLetters()
     constexpr char const* shortOnes[] = {"AE", "AS", "AT", "CS", "DA", "DS", "DT", "FD", "FL", "IS", "LO",
                                          "LT", "PN", "SH", "SL", "SS", "ST", "TM", "UI", "UL", "US"};
     constexpr char const* longOnes[] = {"OB", "OD", "OF", "OL", "OW", "SQ", "UC", "UN", "UR", "UT"};
+    auto const place = [](char const* name) {
+        return static_cast<std::size_t>(name[0] - 'A') * 26 + static_cast<std::size_t>(name[1] - 'A');
+    };
     for (char const* const name : shortOnes)
-        forms[static_cast<std::size_t>((name[0] - 'A') * 26 + (name[1] - 'A'))] = Form::Short;
+        forms[place(name)] = Form::Short;
     for (char const* const name : longOnes)
-        forms[static_cast<std::size_t>((name[0] - 'A') * 26 + (name[1] - 'A'))] = Form::Long;
+        forms[place(name)] = Form::Long;
     return forms;
 }
 

@@ -36,7 +36,7 @@ std::optional<std::array<float, 2>> rangeIn(const QString& unit, const std::arra
 {
     const int index = UnitRanges{{}, true, true}.units().indexOf(unit);
     if (index < 0) return {};
-    const auto low = static_cast<std::size_t>(2 * index);
+    const auto low = 2 * static_cast<std::size_t>(index);
     return std::array<float, 2>{conversion[low], conversion[low + 1]};
 }
 
