@@ -112,6 +112,27 @@ QByteArray bytesOf(const QImage& picture, const char* ending)
     return PictureBytes::encode(picture, ending, reason);
 }
 
+TEST_F(ImageExporterTest, EnhancedMetafilesAreReadByAnotherProgram)
+{
+    const QString path = save("a.emf", testPicture(601, 401));
+    const QString result = folder.filePath("emf.svg");
+    const QString program = QStandardPaths::findExecutable("emf2svg-conv");
+    if (program.isEmpty()) GTEST_SKIP() << "no reader of enhanced metafiles here";
+    ASSERT_EQ(QProcess::execute(program, {"-i", path, "-o", result}), 0);
+    QFile file(result);
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    const QByteArray svg = file.readAll();
+    // The bitmap stands in the drawing as a PNG.
+    const QByteArray mark = "data:image/png;base64,";
+    const int start = svg.indexOf(mark);
+    ASSERT_GT(start, 0);
+    const int end = svg.indexOf('"', start);
+    const QByteArray text = svg.mid(start + mark.size(), end - start - mark.size());
+    const QImage back = QImage::fromData(QByteArray::fromBase64(text));
+    EXPECT_EQ(back.size(), QSize(601, 401));
+    EXPECT_LE(worstQuarter(back), 1);
+}
+
 /// Numbers of a metafile by their offsets.
 struct Records
 {
