@@ -9,13 +9,13 @@
 #include "hvutils/adjustExpValue.h"
 #include "plugin/PaletteTarget.h"
 #include "plugin/PluginLog.h"
+#include "plugin/WidgetSync.h"
 #include "render/CGLVolume.h"
 #include "transfer/CHistogramViewer.h"
 #include "transfer/CTransferFunction1DWidget.h"
 #include "transfer/logic/HistogramBins.h"
 
 #include <QCursor>
-#include <QScreen>
 
 namespace {
 
@@ -126,8 +126,7 @@ void CHVVolumeVizPalette::createHistogramViewer()
     int height = 0;
     CHVPreference::getWindowsPreferredSize(width, height, true);
     m_pHistogramViewer->resize(width, height);
-    const QRect desktop = screen()->availableGeometry();
-    m_pHistogramViewer->move(desktop.center() - m_pHistogramViewer->rect().center());
+    centreOnScreen(*m_pHistogramViewer, *this);
 
     connect(m_pHistogramViewer,
             SIGNAL(updateTransferFunction(QPolygonF, QVector<QRgb>, QVector<HoverPoints::LockType>)), this,

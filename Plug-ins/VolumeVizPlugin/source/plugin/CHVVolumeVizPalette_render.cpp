@@ -16,7 +16,6 @@
 
 #include <QCursor>
 #include <QMessageBox>
-#include <QScreen>
 
 #include <algorithm>
 #include <utility>
@@ -234,9 +233,7 @@ void CHVVolumeVizPalette::onClickRenderEffectsDlgButton()
         connect(m_pRenderEffectsDlg, SIGNAL(filterDenoiseGradientChanged(bool)), this,
                 SLOT(onFilterDenoiseGradientChanged(bool)));
     }
-    QRect place(QPoint(0, 0), m_pRenderEffectsDlg->size());
-    place.moveCenter(screen()->availableGeometry().center());
-    m_pRenderEffectsDlg->move(place.topLeft());
+    centreOnScreen(*m_pRenderEffectsDlg, *this);
     m_pRenderEffectsDlg->show();
     m_pRenderEffectsDlg->updateControls();
 }

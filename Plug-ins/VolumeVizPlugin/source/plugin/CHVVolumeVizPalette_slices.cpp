@@ -15,38 +15,10 @@
 #include "slices/CVolumeSliceLayout.h"
 
 #include <QButtonGroup>
-#include <QScreen>
 
 namespace {
 
 constexpr QSize kLayoutSize(800, 575);
-
-struct AxisRange
-{
-    double low;
-    double high;
-};
-
-AxisRange rangeAcross(SliceOrientation orientation, CGLVolume& volume)
-{
-    Coord3d min;
-    Coord3d max;
-    volume.getBBox(min, max);
-    switch (orientation) {
-    case AxisX:
-        return {min.x, max.x};
-    case AxisY:
-        return {min.y, max.y};
-    default:
-        return {min.z, max.z};
-    }
-}
-
-void centreOnScreen(QWidget& window)
-{
-    if (const QScreen* screen = window.screen())
-        window.move(screen->availableGeometry().center() - window.rect().center());
-}
 
 }  // namespace
 
@@ -227,7 +199,9 @@ void CHVVolumeVizPalette::onVolumeSliceViewerSliderChange(int)
     const auto orientation = sliceOrientationOf(m_pSliceOrientation->currentText());
     if (!m_pSliceView || !now.node || !orientation) return;
     m_pSliceView->setOrientation(*orientation);
-    const AxisRange range = rangeAcross(*orientation, *now.node);
+    SliceBox box;
+    now.node->getBBox(box.min, box.max);
+    const SliceExtent range = box.along(*orientation);
     const QSlider& slider = *m_pSliceViewerSlider;
     const double share =
         static_cast<double>(slider.value() - slider.minimum()) / (slider.maximum() - slider.minimum());
@@ -279,7 +253,7 @@ void CHVVolumeVizPalette::onClickSliceLayoutWindowTB()
         m_pSliceLayoutDialog =
             new CVolumeSliceLayout(window, "Volume Slice Layout", Qt::Dialog | Qt::WindowMaximizeButtonHint);
         m_pSliceLayoutDialog->setWindowFlags(m_pSliceLayoutDialog->windowFlags() | Qt::WindowCloseButtonHint);
-        centreOnScreen(*m_pSliceLayoutDialog);
+        centreOnScreen(*m_pSliceLayoutDialog, *this);
     }
     m_pSliceLayoutDialog->bindSequenceWindow(window);
     m_pSliceLayoutDialog->setOrientationText(m_pSliceOrientation->currentText());

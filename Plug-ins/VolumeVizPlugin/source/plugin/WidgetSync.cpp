@@ -6,6 +6,7 @@
 #include <QComboBox>
 #include <QGroupBox>
 #include <QLabel>
+#include <QScreen>
 
 namespace {
 
@@ -58,6 +59,13 @@ bool isControl(const QWidget* widget)
 }
 
 }  // namespace
+
+void centreOnScreen(QWidget& window, const QWidget& reference)
+{
+    QRect place(QPoint(0, 0), window.size());
+    place.moveCenter(reference.screen()->availableGeometry().center());
+    window.move(place.topLeft());
+}
 
 bool isWired(const QString& controlName)
 {

@@ -15,6 +15,9 @@ void quietly(Object* object, Call&& call)
     call(*object);
 }
 
+/// Moves a window, shown or not, to the middle of the screen that `reference` is on.
+void centreOnScreen(QWidget& window, const QWidget& reference);
+
 /// True for a control that does something. The others of the form are shown, but stay disabled.
 bool isWired(const QString& controlName);
 

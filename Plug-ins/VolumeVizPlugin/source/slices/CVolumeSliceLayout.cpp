@@ -16,24 +16,6 @@ constexpr double kLeastRange = 0.1;  // mm, kept between the two ends
 constexpr int kSpacingLabelWidth = 70;
 constexpr int kThicknessLabelWidth = 75;
 
-struct Range
-{
-    double min;
-    double max;
-};
-
-Range rangeAlong(const SliceBox& box, SliceOrientation orientation)
-{
-    switch (orientation) {
-    case AxisX:
-        return {box.min.x, box.max.x};
-    case AxisY:
-        return {box.min.y, box.max.y};
-    default:
-        return {box.min.z, box.max.z};
-    }
-}
-
 template <class Widget, class Change>
 void quietly(Widget* widget, Change change)
 {
@@ -150,8 +132,8 @@ void CVolumeSliceLayout::updateOrientation()
     const auto orientation = sliceOrientationOf(m_pOrientationCB->currentText());
     if (!orientation || !m_view) return;
     m_view->setOrientation(*orientation);
-    const Range range = rangeAlong(m_box, *orientation);
-    setAxisRange(range.min, range.max);
+    const SliceExtent range = m_box.along(*orientation);
+    setAxisRange(range.low, range.high);
     updateSlices();
     if (m_view->isSingleView()) onChangePositionSpinBox(m_pPositionSpinBox->value());
 }

@@ -1,7 +1,6 @@
 #include "slices/logic/SliceCamera.h"
 
 #include "hvapi/values/unitquaternion.h"
-#include "slices/logic/SliceOrientation.h"
 
 #include <algorithm>
 #include <cmath>
@@ -12,31 +11,25 @@ constexpr double kDegree = 0.01745329251994;
 constexpr double kHalfDiagonals = 3.0;
 constexpr double kUsualFar = 1000.0;
 
-struct Range
+SliceExtent croppedExtent(const SliceBox& box, const SliceBox& cropped, SliceOrientation orientation)
 {
-    double low;
-    double high;
-};
-
-Range rangeOf(const SliceBox& box, int axis)
-{
-    switch (axis) {
-    case 0:
-        return {box.min.x, box.max.x};
-    case 1:
-        return {box.min.y, box.max.y};
-    default:
-        return {box.min.z, box.max.z};
-    }
-}
-
-Range croppedRange(const SliceBox& box, const SliceBox& cropped, int axis)
-{
-    const Range range = rangeOf(cropped, axis);
-    return range.low == range.high ? rangeOf(box, axis) : range;
+    const SliceExtent range = cropped.along(orientation);
+    return range.low == range.high ? box.along(orientation) : range;
 }
 
 }  // namespace
+
+SliceExtent SliceBox::along(SliceOrientation orientation) const
+{
+    switch (orientation) {
+    case AxisX:
+        return {min.x, max.x};
+    case AxisY:
+        return {min.y, max.y};
+    default:
+        return {min.z, max.z};
+    }
+}
 
 double SliceWindow::width() const
 {
@@ -68,16 +61,16 @@ SliceBox croppedSliceBox(const SliceBox& box, const Vec3f& lowest, const Vec3f& 
 
 std::optional<SliceCamera> sliceCamera(int orientation, const SliceBox& box, const SliceBox& cropped)
 {
-    constexpr int kAcross[3] = {2, 0, 0};
-    constexpr int kUp[3] = {1, 2, 1};
+    constexpr SliceOrientation kAcross[3] = {AxisZ, AxisX, AxisX};
+    constexpr SliceOrientation kUp[3] = {AxisY, AxisZ, AxisY};
     constexpr float kTurn[3][3] = {{90.0F, -90.0F, -90.0F}, {90.0F, 0.0F, 0.0F}, {0.0F, 0.0F, 0.0F}};
 
     const std::optional<int> axis = axisIndex(orientation);
     if (!axis) return std::nullopt;
 
     SliceCamera camera;
-    const Range across = croppedRange(box, cropped, kAcross[*axis]);
-    const Range up = croppedRange(box, cropped, kUp[*axis]);
+    const SliceExtent across = croppedExtent(box, cropped, kAcross[*axis]);
+    const SliceExtent up = croppedExtent(box, cropped, kUp[*axis]);
     camera.window = {across.low, across.high, up.low, up.high};
     std::fill(std::begin(camera.normal), std::end(camera.normal), 0.0);
     camera.normal[*axis] = 1.0;

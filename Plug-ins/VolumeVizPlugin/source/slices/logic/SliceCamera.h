@@ -3,6 +3,7 @@
 #include "hvapi/values/Coord3d.h"
 #include "hvapi/values/Vec3f.h"
 #include "hvapi/values/matrix.h"
+#include "slices/logic/SliceOrientation.h"
 
 #include <optional>
 
@@ -29,11 +30,21 @@ struct SliceWindow
     double aspect() const;
 };
 
+/// A range along an axis, in millimetres.
+struct SliceExtent
+{
+    double low = 0.0;
+    double high = 0.0;
+};
+
 /// A box of the volume's own space, in millimetres.
 struct SliceBox
 {
     Coord3d min;
     Coord3d max;
+
+    /// Its range along the axis that slices of an orientation are perpendicular to.
+    SliceExtent along(SliceOrientation orientation) const;
 };
 
 /// The box between the two corners of the crop box that stand for all eight: the lowest and the highest one.
