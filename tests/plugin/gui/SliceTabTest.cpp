@@ -142,7 +142,7 @@ TEST_F(SliceTabTest, TheCropBoxIsFollowed)
     for (int corner : {0, 3, 4, 7})
         offsets[corner].set(-0.5, 0.0, 0.0);
     sceneOf(sequence)->setCroppingBoxOffset(offsets);
-    palette->onCroppingEquationChanged(true);
+    nodeOf(sequence)->notifyCropEquationsChanged(true);
     Coord3d min;
     Coord3d max;
     nodeOf(sequence)->getBBox(min, max);

@@ -144,6 +144,9 @@ bool CHVVolumeVizPalette::updateVolumeTab(const SVolVizControls& record)
     m_pMedianFilterDenoiseCheckBox->setChecked(record.bMedianFilterDenoise);
     m_pBestRenderQualityCheckBox->setChecked(bestQuality);
     if (m_strSequenceID != id || !recordOf(id)) return false;
+    // A box that stands right already runs no slot, and the slot without a volume ends before it.
+    if (const CGLVolume* node = target().node)
+        enableControl(m_pMedianFilterDenoiseCheckBox, !node->isRenderInBestPerformance());
     enableControl(m_pMIPCheckBox, record.bMIPEnabled);
     enableControl(m_pLightingCheckBox, record.bLightingEnabled);
     select(m_pColorTableCombo, record.nVolumeColorTable);

@@ -164,7 +164,9 @@ void CHVVolumeVizPalette::leaveQualityMode()
 {
     enableControl(m_pMedianFilterDenoiseCheckBox, false);
     m_pMedianFilterDenoiseCheckBox->setChecked(false);
+    // The slot has painted a frame, which may tell of a driver's failure in a box, and anything may go there.
     const PaletteTarget now = target();
+    if (!now.node || !now.record) return;
     now.node->setFilterDenoiseGradient(false);
     now.node->setMedianFilterDenoise(false);
     now.node->setRenderInBestPerformance(true);

@@ -94,8 +94,10 @@ bool VolumeLoad::run()
             QStringLiteral("Failed to create a volume rendering object instance - unable to continue"));
         return false;
     }
+    const QString id = m_palette.m_strSequenceID;
     const bool loaded = handOver(*reader);
-    markModified();
+    // A question of the load keeps the events running: another sequence may be current now.
+    if (m_palette.m_strSequenceID == id) markModified();
     CHVUtilityFns::restoreCursor();
     return loaded;
 }
