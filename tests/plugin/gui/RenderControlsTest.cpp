@@ -490,6 +490,18 @@ TEST_F(RenderControls, WithoutAVolumeOnlyTheRecordChanges)
     EXPECT_TRUE(meter->calls.isEmpty());
 }
 
+TEST_F(RenderControls, DenoisingCanBeHadAgainAfterASequenceWithoutAVolume)
+{
+    CHVSSequenceDataset* good = openCurrent("S3");
+    ASSERT_TRUE(palette->onLoadVolumeData({writeRaw("b.raw")}, -1, -1));
+    palette->onSequenceChanged(sequence);
+    quality()->click();  // the first one in Performance Mode
+    openCurrent("S2");
+    palette->onSequenceChanged(good);
+    EXPECT_FALSE(nodeOf(good)->isRenderInBestPerformance());
+    EXPECT_TRUE(denoise()->isEnabled());
+}
+
 TEST_F(RenderControls, EachSequenceHasItsMode)
 {
     mip()->click();
@@ -554,6 +566,17 @@ TEST_F(RenderControls, AnotherSequenceDuringTheQuestionKeepsItsBoxes)
     EXPECT_EQ(palette->getCurrentSeqID(), QString("S2"));
     EXPECT_TRUE(quality()->isChecked());
     EXPECT_TRUE(record("S2").bBestQuality);
+}
+
+TEST_F(RenderControls, ALoadThatIsLeftDuringItsQuestionMarksNoOtherSequence)
+{
+    CHVSSequenceDataset* other = open("S2");
+    palette->setResultsModifiedForSequence(false);
+    meter->seconds = 1.0;
+    const RenderQuestion::Answer no(QMessageBox::No, [&] { palette->onSequenceChanged(other); });
+    palette->onLoadVolumeData({writeRaw("b.raw")}, -1, -1);
+    EXPECT_EQ(palette->getCurrentSeqID(), QString("S2"));
+    EXPECT_FALSE(record("S2").bModified);
 }
 
 TEST_F(RenderControls, WithoutAContextNothingIsWaitedFor)
