@@ -87,6 +87,16 @@ TEST_F(SliceTabTest, EachEndOfTheScaleLimitsTheOther)
     EXPECT_TRUE(isModified());
 }
 
+TEST_F(SliceTabTest, BothEndsOfTheScaleReachThePicture)
+{
+    const QImage whole = preview()->grabFramebuffer();
+    palette->m_pSliceMaxIntensitySlider->setValue(80);
+    const QImage brighter = preview()->grabFramebuffer();
+    EXPECT_NE(brighter, whole);
+    palette->m_pSliceMinIntensitySlider->setValue(40);
+    EXPECT_NE(preview()->grabFramebuffer(), brighter);
+}
+
 TEST_F(SliceTabTest, ShowingARecordMarksNothing)
 {
     CHVSSequenceDataset* other = openCurrent("other");
@@ -105,6 +115,27 @@ TEST_F(SliceTabTest, ColoursComeFromTheTableOrFromTheTransferFunction)
     EXPECT_TRUE(palette->m_pSliceColorTable->isEnabled());
 }
 
+TEST_F(SliceTabTest, AnEditOfTheTransferFunctionReachesSlicesThatUseIt)
+{
+    palette->m_pSliceUseTransferFunction->setChecked(true);  // no click: the record has not heard of it
+    ASSERT_EQ(record("slices").nSliceColorSource, 0);
+    palette->onTransferFunctionChanged();
+    EXPECT_EQ(record("slices").nSliceColorSource, 1);
+    palette->m_pSliceReverseColorMapCheck->setChecked(true);  // told by a click alone
+    ASSERT_FALSE(record("slices").bSliceColorTableReverse);
+    palette->m_pReverseColorMapCheck->click();
+    EXPECT_TRUE(record("slices").bSliceColorTableReverse);
+}
+
+TEST_F(SliceTabTest, NewVoxelsAreDrawnAndAMissingWindowIsSaid)
+{
+    palette->onVolumeDataChanged();
+    EXPECT_TRUE(preview());
+    close(sequence);
+    palette->onVolumeDataChanged();
+    EXPECT_TRUE(host.logged(3).contains("Invalid sequence window handle to proceed."));
+}
+
 TEST_F(SliceTabTest, TableAndReverseReachRecordAndPicture)
 {
     const QImage before = preview()->grabFramebuffer();
@@ -118,8 +149,11 @@ TEST_F(SliceTabTest, TableAndReverseReachRecordAndPicture)
     EXPECT_NE(preview()->grabFramebuffer(), table);
 }
 
-TEST_F(SliceTabTest, WithTheTransferFunctionItsOpacityShowsAndTheSlidersDoesNot)
+TEST_F(SliceTabTest, WithTheTransferFunctionTheSlidersOpacityDoesNotShow)
 {
+    const QImage opaque = preview()->grabFramebuffer();
+    palette->m_pSliceOpacitySlider->setValue(60);
+    EXPECT_NE(preview()->grabFramebuffer(), opaque) << "with the colour table it shows";
     palette->m_pSliceUseTransferFunction->click();
     const QImage before = preview()->grabFramebuffer();
     palette->m_pSliceOpacitySlider->setValue(30);

@@ -156,6 +156,7 @@ TEST_F(SliceViewTest, WithoutTheNodeATileIsBlackWithItsLabel)
     const QPoint centre = middle(0);
     EXPECT_EQ(colorName(image.pixelColor(centre)), "black");
     EXPECT_EQ(view.tile(0)->label, "-1.00");
+    EXPECT_TRUE(volume.services.entries().isEmpty()) << "nothing is reported";
     const TileRect& rect = view.tile(0)->rect;
     int written = 0;
     for (int x = 0; x < rect.width; ++x)
@@ -187,6 +188,33 @@ TEST_F(SliceViewTest, AMontageShowsEachTilesOwnPosition)
     EXPECT_EQ(colorName(image.pixelColor(middle(2))), "blue");
     EXPECT_EQ(view.tile(2)->label, "18.00");
     EXPECT_EQ(view.tile(2)->thickness, 18.0);
+}
+
+TEST_F(SliceViewTest, AnotherBoxChangesTheShapeOfASliceThatIsThere)
+{
+    show(300, 300);
+    single(AxisZ, 0.0F);  // 20 x 30 mm: white at both sides
+    EXPECT_EQ(colorAt(grab(), 0.05, 0.5), "white");
+    Coord3d min(-15.0, -15.0, -20.0);
+    Coord3d max(15.0, 15.0, 20.0);
+    volume.node->setBBox(min, max);
+    view.setOrientation(AxisZ);  // and no new slice
+    EXPECT_NE(colorAt(grab(), 0.05, 0.5), "white");
+}
+
+TEST_F(SliceViewTest, InTheSingleViewTheMouseHoversNothing)
+{
+    show(600, 300);
+    view.setOrientation(AxisZ);
+    view.setSliceRange(-10.0F, 10.0F, 10.0);
+    viz_test::moveMouse(&view, middle(1));
+    view.setSingleViewMode(true);
+    viz_test::moveMouse(&view, middle(0));
+    view.setSingleViewMode(false);
+    EXPECT_EQ(frame(grab(), 1), "blue");
+    EXPECT_NE(frame(grab(), 0), "blue");
+    viz_test::moveMouse(&view, {1, 1});
+    EXPECT_NE(frame(grab(), 1), "blue") << "the mouse has left the tiles";
 }
 
 TEST_F(SliceViewTest, BelowTwentyPixelsThereIsOnlyWhite)

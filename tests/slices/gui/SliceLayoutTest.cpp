@@ -84,6 +84,19 @@ TEST_F(SliceLayoutTest, SpinBoxesAndSpanSliderAreTwoFacesOfOneValue)
     EXPECT_EQ(dialog->view()->tileCount(), 6);
 }
 
+TEST_F(SliceLayoutTest, AHandleThatPushesTheOtherTakesBothBoxesAlong)
+{
+    dialog->m_pSpanSlider->setUpperValue(7500);
+    dialog->m_pSpanSlider->setLowerValue(9000);
+    EXPECT_NEAR(dialog->m_pMinSpinBox->value(), 16.0, 1e-6);
+    EXPECT_NEAR(dialog->m_pMaxSpinBox->value(), 16.0, 1e-6);
+    EXPECT_EQ(dialog->m_pSpanSlider->lowerValue(), 9000);
+    dialog->m_pSpanSlider->setUpperValue(1000);
+    EXPECT_NEAR(dialog->m_pMinSpinBox->value(), -16.0, 1e-6);
+    EXPECT_NEAR(dialog->m_pMaxSpinBox->value(), -16.0, 1e-6);
+    EXPECT_EQ(dialog->m_pSpanSlider->lowerValue(), 1000);
+}
+
 TEST_F(SliceLayoutTest, TheSpacingsLabelEndsWithABlank)
 {
     show();

@@ -137,6 +137,18 @@ TEST(ChainWithStep, FreePointsWithinAPixelOfTheStepGo)
     EXPECT_EQ(fitted.points, pointsAt({{0, 50}, {38.9, 50}, {40, 185}, {41, 0}, {42.1, 50}, {290, 50}}));
 }
 
+TEST(ChainWithStep, WithoutAValleyTheStepIsTenBinsWide)
+{
+    ControlPoints chain = ramp();
+    for (const double x : {26.1, 26.0, 20.0}) {
+        chain.points.insert(1, QPointF(x, 50));
+        chain.colors.insert(1, red);
+        chain.locks.insert(1, NoLock);
+    }
+    EXPECT_EQ(chainWithStep(chain, airAt(15, 25), 185.0).points,
+              pointsAt({{0, 185}, {15, 185}, {25, 0}, {26.1, 50}, {290, 0}}));
+}
+
 TEST(ChainWithStep, EdgePointsStayUnderTheStep)
 {
     const ControlPoints fitted = chainWithStep(ramp(), airAt(0, 1), 185.0);

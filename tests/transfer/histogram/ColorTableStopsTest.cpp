@@ -73,6 +73,8 @@ TEST(ColorTableStops, PositionsAreSinglePrecision)
     const TransferStops stops = stopsOfColorTable(viewOf(table), false);
     ASSERT_FALSE(stops.isEmpty());
     EXPECT_EQ(stops.last().first, static_cast<double>(2.0F / 3.0F));
+    EXPECT_EQ(stops.last().second.alpha(), 255) << "the last entry is opaque, however short the table";
+    EXPECT_EQ(stopsOfColorTable(viewOf(table), true).last().second.alpha(), 255);
 }
 
 TEST(ColorTableStops, NoTableHasNoStopsAndNoColours)

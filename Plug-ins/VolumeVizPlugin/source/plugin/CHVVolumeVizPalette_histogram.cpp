@@ -64,7 +64,14 @@ void CHVVolumeVizPalette::updateVolumeHistogram()
 {
     const PaletteTarget now = target();
     if (!now.sequence || !now.graph || !now.record) return;
-    if (now.node && now.node->isValid() && m_bHistogramDirty && !computeHistogram()) return;
+    if (!now.node || !now.node->isValid()) {
+        // Without a volume what is stored is shown as it is, whatever the check box says.
+        const HistogramBins& stored = now.record->histogram;
+        if (m_pTransferFunctionWidget)
+            m_pTransferFunctionWidget->setHistogram(stored.data(), static_cast<int>(stored.size()));
+        return;
+    }
+    if (m_bHistogramDirty && !computeHistogram()) return;
     showHistogram();
 }
 

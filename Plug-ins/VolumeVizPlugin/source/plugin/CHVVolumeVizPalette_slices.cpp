@@ -253,8 +253,8 @@ void CHVVolumeVizPalette::onClickSliceLayoutWindowTB()
         m_pSliceLayoutDialog =
             new CVolumeSliceLayout(window, "Volume Slice Layout", Qt::Dialog | Qt::WindowMaximizeButtonHint);
         m_pSliceLayoutDialog->setWindowFlags(m_pSliceLayoutDialog->windowFlags() | Qt::WindowCloseButtonHint);
-        centreOnScreen(*m_pSliceLayoutDialog, *this);
     }
+    centreOnScreen(*m_pSliceLayoutDialog, *this);
     m_pSliceLayoutDialog->bindSequenceWindow(window);
     m_pSliceLayoutDialog->setOrientationText(m_pSliceOrientation->currentText());
     m_pSliceLayoutDialog->setModal(true);

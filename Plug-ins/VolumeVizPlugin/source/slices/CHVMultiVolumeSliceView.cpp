@@ -69,8 +69,7 @@ void CHVMultiVolumeSliceView::setOrientation(int axis)
     std::copy_n(camera->rotation, 3, m_rotation);
     m_translation[0] = m_translation[1] = 0.0F;
     m_translation[2] = static_cast<float>(camera->translationZ);
-    for (SliceTile& tile : m_tiles)
-        tile.window = m_window;
+    computeTileRects();  // another volume may have another shape
 }
 
 void CHVMultiVolumeSliceView::setSliceRange(float start, float end, double spacing)

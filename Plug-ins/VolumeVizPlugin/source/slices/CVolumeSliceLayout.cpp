@@ -187,7 +187,10 @@ void CVolumeSliceLayout::onChangeMaxSpinBox(double value)
 void CVolumeSliceLayout::onChangeLowerSpan(int value)
 {
     const double low = spanValue(value);
-    quietly(m_pMinSpinBox, [&](QDoubleSpinBox& box) { box.setValue(low); });
+    quietly(m_pMinSpinBox, [&](QDoubleSpinBox& box) {
+        box.setMaximum(std::max(box.maximum(), low));  // a handle pushes the other one along
+        box.setValue(low);
+    });
     quietly(m_pMaxSpinBox, [&](QDoubleSpinBox& box) { box.setMinimum(m_pMinSpinBox->value()); });
     updateSlices();
 }
@@ -195,7 +198,10 @@ void CVolumeSliceLayout::onChangeLowerSpan(int value)
 void CVolumeSliceLayout::onChangeUpperSpan(int value)
 {
     const double high = spanValue(value);
-    quietly(m_pMaxSpinBox, [&](QDoubleSpinBox& box) { box.setValue(high); });
+    quietly(m_pMaxSpinBox, [&](QDoubleSpinBox& box) {
+        box.setMinimum(std::min(box.minimum(), high));
+        box.setValue(high);
+    });
     quietly(m_pMinSpinBox, [&](QDoubleSpinBox& box) { box.setMaximum(m_pMaxSpinBox->value()); });
     updateSlices();
 }

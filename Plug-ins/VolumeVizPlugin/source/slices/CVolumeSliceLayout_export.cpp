@@ -174,10 +174,11 @@ bool CVolumeSliceLayout::writeFrames(Movie& movie)
         if (frame.isNull() || frame.size() != size) {
             log(CHVSLog::eError, "Exported Frame dimension changed...");
             failed = true;
-        } else if (movie.writer.appendFrame(frame.bits(), movie.bufferType, frame) != eStatusSuccess) {
-            failed = true;
         } else {
-            ++movie.written;
+            uchar* const bits =
+                frame.bits();  // before the frame is passed on: they must be those of the copy
+            failed = movie.writer.appendFrame(bits, movie.bufferType, frame) != eStatusSuccess;
+            if (!failed) ++movie.written;
         }
     }
     progress->close();
