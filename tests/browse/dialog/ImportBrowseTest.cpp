@@ -25,6 +25,19 @@ protected:
         result.sort();
         return result;
     }
+    /// Folders that link to one another: each way through them ends, and there are millions. A browse of it
+    /// ends only by an abort.
+    QString endlessTree()
+    {
+        constexpr int count = 10;
+        for (int i = 0; i < count; ++i)
+            QDir().mkpath(path(QString("t/%1").arg(i)));
+        for (int i = 0; i < count; ++i)
+            for (int k = 0; k < count; ++k)
+                if (i != k)
+                    QFile::link(path(QString("t/%1").arg(k)), path(QString("t/%1/l%2").arg(i).arg(k)));
+        return path("t");
+    }
     bool canClose() const { return HostServices::instance().canClose(); }
 };
 
@@ -190,11 +203,17 @@ TEST_F(ImportBrowse, TheLastFolderCanBeBrowsedOnceMore)
 
 TEST_F(ImportBrowse, AbortEndsTheBrowse)
 {
-    for (int i = 0; i < 60; ++i)
-        QDir().mkpath(path(QString("f%1/g/h").arg(i)));
-    QTimer::singleShot(0, [this] { dialog->stopBrowsing(); });
-    dialog->browse(folder.path());
+    bool wasRunning = false;
+    QTimer timer;
+    QObject::connect(&timer, &QTimer::timeout, dialog, [&] {
+        if (canClose() || !dialog->m_pAbortButton->isVisible()) return;
+        wasRunning = true;
+        dialog->m_pAbortButton->click();
+    });
+    timer.start(0);
+    dialog->browse(endlessTree());
     QTest::qWait(10);
+    EXPECT_TRUE(wasRunning);
     EXPECT_TRUE(dialog->m_pBrowseButton->isEnabled());
     EXPECT_TRUE(canClose());
 }
@@ -206,6 +225,32 @@ TEST_F(ImportBrowse, AFolderThatIsNotThereGivesAnEmptyList)
     EXPECT_EQ(rows(), 0);
     EXPECT_TRUE(canClose());
     EXPECT_FALSE(dialog->m_pLoadButton->isEnabled());
+}
+
+/// A dialog whose question for a folder is answered.
+class AnsweredDialog : public C3DCVImportDialog
+{
+public:
+    QString getBrowseFolder() override { return answer; }
+
+    QString answer;
+};
+
+TEST_F(ImportBrowse, AFolderThatCannotBeReadIsToldAndNotBrowsed)
+{
+    AnsweredDialog answered;
+    answered.answer = path("nowhere");
+    host.answerNextBox(1024);
+    answered.onClickBrowsePath();
+    ASSERT_EQ(host.boxes().size(), 1);
+    EXPECT_EQ(answered.m_pCompatibleDataList->model()->rowCount(), 0);
+
+    series("a", 2);
+    answered.answer = folder.path();
+    answered.onClickBrowse();
+    QTest::qWait(10);
+    EXPECT_EQ(answered.m_pCompatibleDataList->model()->rowCount(), 1);
+    EXPECT_EQ(host.boxes().size(), 1);
 }
 
 TEST_F(ImportBrowse, ABrowseServesTheWindowOnceASecond)
@@ -251,10 +296,8 @@ TEST_F(ImportBrowse, ClosingHidesTheWindowAndStopsPlaying)
 
 TEST_F(ImportBrowse, ClosingEndsABrowse)
 {
-    for (int i = 0; i < 40; ++i)
-        series(QString("f%1/g").arg(i), 1);
     QTimer::singleShot(0, [this] { frame->close(); });
-    dialog->browse(folder.path());
+    dialog->browse(endlessTree());
     QTest::qWait(10);
     EXPECT_FALSE(frame->isVisible());
     EXPECT_TRUE(canClose());
@@ -262,14 +305,13 @@ TEST_F(ImportBrowse, ClosingEndsABrowse)
 
 TEST_F(ImportBrowse, AWindowThatGoesDuringABrowseTakesItAlong)
 {
-    for (int i = 0; i < 40; ++i)
-        series(QString("f%1/g").arg(i), 1);
+    const QString tree = endlessTree();
     const QPointer<C3DCVImportDialog> watched(dialog);
     QTimer::singleShot(0, [this] {
         delete frame;
         frame = nullptr;
     });
-    dialog->browse(folder.path());
+    dialog->browse(tree);
     EXPECT_TRUE(watched.isNull());
     EXPECT_TRUE(canClose());
     QTest::qWait(10);
